@@ -1,0 +1,71 @@
+#include <algorithm>
+
+#include "model/DataModel.h"
+
+/// The catalogue's side of `DataModel`: how a new catalogue is taken over, and what goes with a rink that has
+/// left.
+namespace tarvel {
+
+namespace {
+
+UserInfo rinkIDInfo(std::int64_t rinkID) {
+  return {{std::string(kRinkIDKey), rinkID}};
+}
+
+}  // namespace
+
+bool DataModel::adoptRow(RinkInfo& info, RinkRecord& row) {
+  if (static_cast<const RinkRecord&>(info) == row) return false;
+  const bool logoChanged = info.logoFileDate != row.logoFileDate || info.logoFileSize != row.logoFileSize;
+  const bool darkChanged =
+      info.darkLogoFileDate != row.darkLogoFileDate || info.darkLogoFileSize != row.darkLogoFileSize;
+  static_cast<RinkRecord&>(info) = std::move(row);
+  postNotification(kRinkInfoChanged, rinkIDInfo(info.rinkID));
+  const auto forget = [&](std::shared_ptr<const Image>& cached) {
+    if (!cached) return;
+    cached = nullptr;
+    context_.services.notifications.postNotification(kRinkLogoChanged, nullptr, rinkIDInfo(info.rinkID));
+  };
+  if (logoChanged) forget(info.cachedLogoImage);
+  if (darkChanged) forget(info.cachedDarkLogoImage);
+  return true;
+}
+
+void DataModel::mergeRinkList(RinkListFile file) {
+  // Both lists ascend by id, so that one walk over them does it, however many rows come and go.
+  std::vector<std::shared_ptr<RinkInfo>> merged;
+  merged.reserve(file.rinks.size());
+  bool changed = false;
+  auto old = rinkList.begin();
+  for (RinkRecord& row : file.rinks) {
+    for (; old != rinkList.end() && (*old)->rinkID < row.rinkID; ++old) changed = true;
+    if (old != rinkList.end() && (*old)->rinkID == row.rinkID) {
+      changed = adoptRow(**old, row) || changed;
+      merged.push_back(std::move(*old++));
+    } else {
+      merged.push_back(std::make_shared<RinkInfo>(std::move(row), logos_));
+      changed = true;
+    }
+  }
+  changed = changed || old != rinkList.end();
+  rinkList = std::move(merged);
+  if (!changed) return;
+  dropRinksThatHaveGone();
+  // A rink may have moved to another zone.
+  for (const auto& rink : recentRinks) rink->setTimeZone();
+  tidyApplicationFolder();
+  postNotification(kRinkListChanged);
+}
+
+void DataModel::dropRinksThatHaveGone() {
+  for (std::size_t i = recentRinks.size(); i-- > 0;) {
+    const std::shared_ptr<RinkData> rink = recentRinks[i];
+    if (rinkInfo(rink->rinkID)) continue;
+    rink->refresher().invalidateTimer();
+    recentRinks.erase(recentRinks.begin() + static_cast<std::ptrdiff_t>(i));
+    rink->postNotification(kRinkDataRemoved);
+    noteStateChanged();
+  }
+}
+
+}  // namespace tarvel

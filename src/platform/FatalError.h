@@ -1,0 +1,14 @@
+#pragma once
+#include <source_location>
+#include <string_view>
+
+namespace tarvel {
+
+/// Stops the program at once: prints "Fatal error" with the file and line of the caller, and `reason` behind
+/// them when there is one, to standard error and aborts. For programming errors, and for server files that
+/// break a rule whose breach must not be survived (a negative count, an unknown session kind); never for a
+/// bad environment.
+[[noreturn]] void fatalError(std::string_view reason = {},
+                             std::source_location where = std::source_location::current());
+
+}  // namespace tarvel

@@ -1,0 +1,25 @@
+#pragma once
+#include <memory>
+
+#include "platform/Bytes.h"
+#include "platform/Geometry.h"
+
+namespace tarvel {
+
+/// A decoded picture. The core holds it and hands it on; only the toolkit's side looks inside.
+class Image {
+ public:
+  virtual ~Image() = default;
+  /// In pixels of the picture itself.
+  virtual Size pixelSize() const = 0;
+};
+
+class ImageDecoder {
+ public:
+  virtual ~ImageDecoder() = default;
+  /// Decodes a PNG or JPEG file; null if it is none, is damaged, or is larger than 16,384 pixels either way
+  /// or 128 MiB decoded. Main thread.
+  virtual std::shared_ptr<const Image> decode(ByteView file) = 0;
+};
+
+}  // namespace tarvel

@@ -1,0 +1,149 @@
+#include "platform/FileSystem.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/posix/PosixFileSystem.h"
+#include "support/MemoryFileSystem.h"
+#include "support/SimWorld.h"
+#include "support/TempFolder.h"
+
+namespace tarvel {
+namespace {
+
+Bytes bytesOf(std::string_view text) {
+  return Bytes(text.begin(), text.end());
+}
+
+TEST(Paths, Parts) {
+  struct Case {
+    const char *path, *name, *parent, *stem, *extension;
+  };
+  const Case cases[] = {{"/a/b.b1", "b.b1", "/a", "b", "b1"},
+                        {"/a", "a", "/", "a", ""},
+                        {"/x/.a", ".a", "/x", ".a", ""},
+                        {"/x/a.tar.gz", "a.tar.gz", "/x", "a.tar", "gz"},
+                        {"/x.d/a", "a", "/x.d", "a", ""}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(fileNameOf(c.path), c.name);
+    EXPECT_EQ(parentOf(c.path), c.parent);
+    EXPECT_EQ(join(c.parent, c.name), c.path);
+    EXPECT_EQ(withoutExtension(c.name), c.stem);
+    EXPECT_EQ(extensionOf(c.name), c.extension);
+  }
+}
+
+/// What every disk promises, whether it is the machine's or the tests' own.
+class FileSystemContract : public testing::TestWithParam<bool> {
+ protected:
+  Path at(const std::string& name) const { return join(folder_, name); }
+
+  TempFolder temp_;
+  SimWorld world_;
+  PosixFileSystem real_;
+  MemoryFileSystem memory_{world_.clock()};
+  FileSystem& disk_ = GetParam() ? static_cast<FileSystem&>(real_) : memory_;
+  const Path folder_ = GetParam() ? temp_.path() + "/in/a/row" : "/in/a/row";
+  void SetUp() override { ASSERT_TRUE(disk_.createFolders(folder_)); }
+};
+
+INSTANTIATE_TEST_SUITE_P(, FileSystemContract, testing::Bool(),
+                         [](const auto& instance) { return instance.param ? "real" : "memory"; });
+
+TEST_P(FileSystemContract, KeepsContentAndAttributes) {
+  Bytes large(300'000);
+  for (std::size_t i = 0; i < large.size(); ++i) large[i] = static_cast<std::uint8_t>(i * 7);
+  for (const Bytes& content : {bytesOf("first, and longer"), large, bytesOf("second"), Bytes{}}) {
+    ASSERT_TRUE(disk_.write(at("f"), content));
+    EXPECT_EQ(*disk_.read(at("f")), content);
+    EXPECT_EQ(disk_.info(at("f"))->size, static_cast<std::int64_t>(content.size()));
+  }
+  ASSERT_TRUE(disk_.setAttributes(at("f"), {Instant{-86'400.5}, {}}));
+  ASSERT_TRUE(disk_.setAttributes(at("f"), {{}, std::uint16_t{0700}}));
+  EXPECT_EQ(disk_.info(at("f"))->modificationDate, Instant{-86'400.5});
+  EXPECT_TRUE(disk_.sync(at("f")));
+  EXPECT_TRUE(disk_.sync(folder_));
+}
+
+TEST_P(FileSystemContract, ListsInOrderOfNames) {
+  for (const char* name : {"b", ".hidden", "a", "B", "10", "9"}) ASSERT_TRUE(disk_.write(at(name), {}));
+  ASSERT_TRUE(disk_.createFolders(at("aa")));
+  ASSERT_TRUE(disk_.createFolders(at("aa")));
+  std::string all, visible;
+  for (const FolderEntry& entry : *disk_.list(folder_)) {
+    all += entry.name + (entry.kind == FileKind::folder ? "/ " : " ");
+  }
+  for (const FolderEntry& entry : *listVisible(disk_, folder_)) visible += entry.name + " ";
+  EXPECT_EQ(all, ".hidden 10 9 B a aa/ b ");
+  EXPECT_EQ(visible, "10 9 B a aa b ");
+}
+
+TEST_P(FileSystemContract, RenamesOverAFileAndRemovesTrees) {
+  ASSERT_TRUE(disk_.write(at("old"), bytesOf("old")));
+  ASSERT_TRUE(disk_.write(at("new"), bytesOf("new")));
+  ASSERT_TRUE(disk_.rename(at("new"), at("old")));
+  EXPECT_EQ(*disk_.read(at("old")), bytesOf("new"));
+  EXPECT_FALSE(disk_.info(at("new")));
+
+  ASSERT_TRUE(disk_.createFolders(at("tree/of/folders")));
+  ASSERT_TRUE(disk_.write(at("tree/of/file"), bytesOf("x")));
+  ASSERT_TRUE(disk_.remove(at("tree")));
+  EXPECT_FALSE(disk_.info(at("tree")));
+  EXPECT_TRUE(disk_.remove(at("old")));
+  EXPECT_TRUE(disk_.list(folder_)->empty());
+}
+
+TEST_P(FileSystemContract, FailsInWords) {
+  ASSERT_TRUE(disk_.write(at("file"), {}));
+  const std::pair<const char*, std::optional<Error>> failures[] = {
+      {"read nothing", disk_.read(at("none")).error()},
+      {"read a folder", disk_.read(folder_).error()},
+      {"write in nothing", disk_.write(at("none/f"), {}).error()},
+      {"write a folder", disk_.write(folder_, {}).error()},
+      {"date of nothing", disk_.setAttributes(at("none"), {Instant{}, {}}).error()},
+      {"sync nothing", disk_.sync(at("none")).error()},
+      {"rename nothing", disk_.rename(at("none"), at("f")).error()},
+      {"remove nothing", disk_.remove(at("none")).error()},
+      {"list nothing", disk_.list(at("none")).error()},
+      {"list a file", disk_.list(at("file")).error()},
+      {"folder over a file", disk_.createFolders(at("file")).error()},
+      {"folder in a file", disk_.createFolders(at("file/folder")).error()},
+  };
+  for (const auto& [what, error] : failures) EXPECT_FALSE(error->description.empty()) << what;
+  EXPECT_EQ(disk_.read(at("none")).error().description, "No such file or directory");
+  EXPECT_FALSE(disk_.info(at("none")));
+}
+
+TEST(PosixFileSystem, FollowsLinksOnlyToRead) {
+  const TempFolder temp;
+  PosixFileSystem disk;
+  const Path keep = temp.path() + "/keep", link = temp.path() + "/link/to";
+  ASSERT_TRUE(disk.createFolders(keep));
+  ASSERT_TRUE(disk.write(keep + "/f", bytesOf("kept")));
+  ASSERT_TRUE(disk.createFolders(temp.path() + "/link"));
+  ASSERT_EQ(::symlink(keep.c_str(), link.c_str()), 0);
+  EXPECT_EQ(*disk.read(link + "/f"), bytesOf("kept"));
+  EXPECT_EQ(disk.info(link)->kind, FileKind::folder);
+  EXPECT_EQ(disk.list(temp.path() + "/link")->front().kind, FileKind::other);
+  ASSERT_TRUE(disk.remove(temp.path() + "/link"));
+  EXPECT_EQ(*disk.read(keep + "/f"), bytesOf("kept"));
+}
+
+TEST(PosixFileSystem, RefusesAPipeAndAFullDisk) {
+  const TempFolder temp;
+  PosixFileSystem disk;
+  ASSERT_EQ(::mkfifo((temp.path() + "/pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(disk.read(temp.path() + "/pipe"));
+  if (disk.info("/dev/full")) {
+    EXPECT_EQ(disk.write("/dev/full", bytesOf("x")).error().description, "No space left on device");
+  }
+  ASSERT_TRUE(disk.write(temp.path() + "/f", {}));
+  ASSERT_TRUE(disk.setAttributes(temp.path() + "/f", {{}, std::uint16_t{0640}}));
+  struct stat status {};
+  ASSERT_EQ(::stat((temp.path() + "/f").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777u, 0640u);
+}
+
+}  // namespace
+}  // namespace tarvel

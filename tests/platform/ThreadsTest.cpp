@@ -1,0 +1,217 @@
+#include "platform/Threads.h"
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <atomic>
+#include <future>
+#include <string>
+#include <thread>
+
+#include "platform/TimerQueue.h"
+#include "platform/posix/PosixThreads.h"
+#include "support/SimWorld.h"
+
+namespace tarvel {
+namespace {
+
+constexpr double kFarAway = 1'000'000.0;
+
+/// What every kind of thread promises, whether it is the machine's or the tests' own.
+class ThreadsContract : public testing::TestWithParam<bool> {
+ protected:
+  bool real() const { return GetParam(); }
+  std::unique_ptr<LoopThread> start(
+      std::function<void(RunLoop&)> main, std::function<bool()> keepRunning = [] { return true; }) {
+    Threads& threads = real() ? static_cast<Threads&>(posix_) : world_;
+    return threads.start("A thread of tests", std::move(main), std::move(keepRunning));
+  }
+  /// Lets threads and time go on until another thread has made the promise true.
+  void waitFor(std::promise<void>& promise) {
+    std::future<void> future = promise.get_future();
+    const auto ready = [&] { return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready; };
+    if (real()) {
+      future.wait();
+    } else {
+      EXPECT_TRUE(world_.runUntil(ready, 2 * kFarAway));
+    }
+  }
+  void waitForEnd(LoopThread& thread) {
+    while (!thread.ended()) thread.postAndWait([] {});
+  }
+
+  SimWorld world_;
+  PosixThreads posix_;
+};
+
+INSTANTIATE_TEST_SUITE_P(, ThreadsContract, testing::Bool(),
+                         [](const auto& instance) { return instance.param ? "real" : "simulated"; });
+
+TEST_P(ThreadsContract, RunsTasksInOrderOnItsOwnThread) {
+  RunLoop* loop = nullptr;
+  std::unique_ptr<Timer> timer;
+  std::string order;
+  bool currentInMain = false, currentInTask = false;
+  std::promise<void> idle;
+  const auto thread = start([&](RunLoop& own) {
+    loop = &own;
+    currentInMain = own.isCurrent();
+    timer = own.after(kFarAway, [] {});
+    own.postWhenIdle([&] {
+      order += "idle";
+      idle.set_value();
+    });
+    own.post([&] {
+      order += "1 ";
+      own.post([&] {
+        order += "3 ";
+        own.post([&] { order += "4 "; });
+      });
+    });
+    own.post([&] {
+      order += "2 ";
+      currentInTask = own.isCurrent();
+    });
+  });
+  waitFor(idle);
+  thread->postAndWait([&] {
+    EXPECT_EQ(order, "1 2 3 4 idle");
+    EXPECT_TRUE(currentInMain && currentInTask);
+  });
+  EXPECT_FALSE(loop->isCurrent());
+  std::thread::id other = std::this_thread::get_id();
+  thread->postAndWait([&] { other = std::this_thread::get_id(); });
+  EXPECT_EQ(other == std::this_thread::get_id(), !real());
+  thread->postAndWait([&] { timer.reset(); });
+}
+
+TEST_P(ThreadsContract, TimersFireAndEndInTheirOwnAction) {
+  std::unique_ptr<Timer> repeating, once, moved, never;
+  int firings = 0, onceFirings = 0;
+  std::promise<void> done;
+  const auto thread = start([&](RunLoop& loop) {
+    never = loop.after(0.0, [] { ADD_FAILURE() << "fired after its end"; });
+    never.reset();
+    once = loop.after(0.0, [&] {
+      ++onceFirings;
+      EXPECT_EQ(once->secondsUntilFire(), 0.0);
+      once->fireAfter(0.0);  // to no effect
+    });
+    repeating = loop.every(0.001, 0.002, [&, large = std::string(1000, 'x')] {
+      if (++firings < 3) return;
+      repeating.reset();
+      EXPECT_EQ(large.size(), 1000u) << "the action lives until it is over";
+      moved->fireAfter(0.0);
+    });
+    moved = loop.after(kFarAway, [&] {
+      moved.reset();
+      done.set_value();
+    });
+    EXPECT_GT(moved->secondsUntilFire(), kFarAway - 1'000);
+  });
+  waitFor(done);
+  waitForEnd(*thread);  // no timer is left
+  EXPECT_EQ(firings, 3);
+  EXPECT_EQ(onceFirings, 1);
+}
+
+TEST_P(ThreadsContract, EndsWithoutTimersOrWhenToldTo) {
+  const auto withoutTimers = start([](RunLoop&) {});
+  waitForEnd(*withoutTimers);
+  bool ran = false;
+  withoutTimers->post([&] { ran = true; });
+  withoutTimers->postAndWait([&] { ran = true; });
+  EXPECT_FALSE(ran);
+
+  std::unique_ptr<Timer> timer;
+  std::atomic<bool> goOn{true};
+  bool ranAfterEnd = false;
+  const auto told =
+      start([&](RunLoop& loop) { timer = loop.after(kFarAway, [] {}); }, [&] { return goOn.load(); });
+  told->postAndWait([] {});
+  EXPECT_FALSE(told->ended());
+  told->postAndWait([&] {
+    goOn = false;
+    told->post([&] { ranAfterEnd = true; });
+  });
+  waitForEnd(*told);
+  EXPECT_FALSE(ranAfterEnd) << "the queue is dropped with the end of the pass";
+}
+
+TEST_P(ThreadsContract, DestroyingDropsTheQueueAndWakesTheLoop) {
+  std::unique_ptr<Timer> timer;
+  const auto kept = std::make_shared<int>(0);
+  {
+    const auto waiting = start([&](RunLoop& loop) { timer = loop.after(kFarAway, [] {}); });
+    waiting->postAndWait([] {});
+  }
+  {
+    std::promise<void> mayEnd;
+    const auto busy = start([&](RunLoop& loop) {
+      timer = loop.after(kFarAway, [] {});
+      loop.post([&, kept] {
+        if (real()) mayEnd.get_future().wait();
+      });
+    });
+    for (int i = 0; i < 100; ++i) busy->post([kept] { ++*kept; });
+    mayEnd.set_value();
+  }
+  EXPECT_LE(*kept, 100);
+  EXPECT_EQ(kept.use_count(), 1) << "tasks that were dropped or run are gone";
+}
+
+TEST(PosixThreads, TasksOfManyThreadsAllRun) {
+  constexpr int kThreads = 4, kTasks = 500;
+  std::unique_ptr<Timer> timer;
+  int count = 0;  // the loop's thread alone touches it
+  const auto thread = PosixThreads().start(
+      "counter", [&](RunLoop& loop) { timer = loop.every(0.0, 0.0005, [] {}); }, [] { return true; });
+  std::vector<std::thread> posters;
+  for (int i = 0; i < kThreads; ++i) {
+    posters.emplace_back([&] {
+      for (int n = 0; n < kTasks; ++n)
+        n % 50 == 0 ? thread->postAndWait([&] { ++count; }) : thread->post([&] { ++count; });
+    });
+  }
+  for (std::thread& poster : posters) poster.join();
+  thread->postAndWait([&] { EXPECT_EQ(count, kThreads * kTasks); });
+}
+
+TEST(PosixThreads, AreNamed) {
+  std::unique_ptr<Timer> timer;
+  const auto thread = PosixThreads().start(
+      "Clock Update Thread", [&](RunLoop& loop) { timer = loop.after(kFarAway, [] {}); },
+      [] { return true; });
+  char name[32] = {};
+  thread->postAndWait([&] { ::pthread_getname_np(::pthread_self(), name, sizeof name); });
+  EXPECT_STREQ(name, "Clock Update Th");
+}
+
+TEST(TimerQueue, KeepsToItsGridWhateverWasMissed) {
+  double now = 0.0;
+  TimerQueue queue([&] { return now; });
+  std::vector<double> firings;
+  auto timer = queue.every(1.5, 1.0, [&] { firings.push_back(now); });
+  for (const double time : {1.0, 1.5, 1.75, 2.5, 8.75, 8.76, 9.5}) {
+    now = time;
+    while (queue.fireNextDue()) {
+    }
+  }
+  EXPECT_EQ(firings, (std::vector<double>{1.5, 2.5, 8.75, 9.5}));
+  EXPECT_EQ(timer->secondsUntilFire(), 1.0);
+  timer->fireAfter(-1.0);
+  EXPECT_TRUE(queue.fireNextDue());
+  EXPECT_FALSE(queue.fireNextDue());
+  for (int i = 0; i < 100'000; ++i) {  // an interval that no binary fraction holds
+    now += 0.1 * (1 + i % 3);
+    while (queue.fireNextDue()) {
+    }
+    ASSERT_GT(timer->secondsUntilFire(), 0.0) << i;
+    ASSERT_LE(timer->secondsUntilFire(), 1.0 + 1e-9) << i;
+  }
+  timer.reset();
+  EXPECT_EQ(queue.pendingCount(), 0u);
+}
+
+}  // namespace
+}  // namespace tarvel
