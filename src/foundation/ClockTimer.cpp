@@ -131,7 +131,6 @@ void ClockTimer::startClockTimer() {
 
 void ClockTimer::scheduleTimer() {
   clockUpdateTimer_.reset();
-  if (stopClockUpdateThread_) return;
   const double interval = clockUpdateInterval_;
   const double time = services_.clock.now().seconds;
   const double first = std::ceil(time / interval) * interval;

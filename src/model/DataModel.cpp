@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "foundation/DecodeError.h"
 #include "foundation/TextFormats.h"
 #include "model/FileNames.h"
 #include "model/StoredFile.h"
@@ -14,6 +13,10 @@ namespace {
 
 constexpr Color kColorOfUnknownKind = white(0.8);
 constexpr std::string_view kLogosFolder = "logos";
+
+bool isDictionary(const PropertyList& value) {
+  return value.dictionary() != nullptr;
+}
 
 const auto kRinkBefore = [](const auto& rink, std::int64_t rinkID) { return rink->rinkID < rinkID; };
 
@@ -62,7 +65,7 @@ void DataModel::readDefs() {
       sessionColors_ = std::move(file.colors);
       return;
     } catch (const DecodeError& error) {
-      context_.errorLog.addMessage("Unable to decode file: " + path + " -- " + error.what());
+      dropDamagedFile(context_.services, context_.errorLog, path, error);
     }
   }
   refresher_->requestDefsFile();
@@ -76,7 +79,7 @@ void DataModel::readRinkList() {
       takeRinkList(decodeRinkList(*content));
       return;
     } catch (const DecodeError& error) {
-      context_.errorLog.addMessage("Unable to decode file: " + path + " -- " + error.what());
+      dropDamagedFile(context_.services, context_.errorLog, path, error);
     }
   } else if (!files.info(path)) {
     readOldRinkList();
@@ -107,7 +110,7 @@ void DataModel::takeState(const PropertyList::Dictionary& state) {
   tarvelServerURL = textAt(state, "tarvelServerURL").value_or(tarvelServerURL);
   takeRecentRinks(state);
   refreshState.readFrom(state);
-  updateReminderDueDate = static_cast<PackedDate>(integerAt(state, "updateReminderDueDate").value_or(0));
+  updateReminderDueDate = packedDateAt(state, "updateReminderDueDate");
   applicationUpdateRequired = booleanAt(state, "applicationUpdateRequired").value_or(false);
   applicationWebsiteURL = textAt(state, "applicationWebsiteURL").value_or("");
   defsFileDate = promise("defsFileDate", kDefsFileName);
@@ -116,12 +119,10 @@ void DataModel::takeState(const PropertyList::Dictionary& state) {
 
 void DataModel::takeRecentRinks(const PropertyList::Dictionary& state) {
   const PropertyList::Array* list = arrayAt(state, "recentRinks");
-  if (!list) return;
+  if (!list || !std::all_of(list->begin(), list->end(), isDictionary)) return;
   const RinkContext context = rinkContext();
-  for (const PropertyList& element : *list) {
-    if (const PropertyList::Dictionary* rink = element.dictionary()) {
-      recentRinks.push_back(RinkData::fromState(context, *rink));
-    }
+  for (const PropertyList& rink : *list) {
+    recentRinks.push_back(RinkData::fromState(context, *rink.dictionary()));
   }
   std::stable_sort(recentRinks.begin(), recentRinks.end(),
                    [](const auto& a, const auto& b) { return a->rinkID < b->rinkID; });

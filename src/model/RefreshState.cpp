@@ -1,5 +1,7 @@
 #include "model/RefreshState.h"
 
+#include <utility>
+
 namespace tarvel {
 
 void RefreshState::addTo(PropertyList::Dictionary& dictionary) const {
@@ -18,6 +20,11 @@ void RefreshState::readFrom(const PropertyList::Dictionary& dictionary) {
   prevMismatchError = booleanAt(dictionary, "prevMismatchError").value_or(false);
   lastRefreshTimeStamp = dateAt(dictionary, "lastRefreshTimeStamp");
   errorTimeStamp = dateAt(dictionary, "errorTimeStamp");
+}
+
+PackedDate packedDateAt(const PropertyList::Dictionary& dictionary, const std::string& key) {
+  const std::int64_t value = integerAt(dictionary, key).value_or(0);
+  return std::in_range<PackedDate>(value) ? static_cast<PackedDate>(value) : kNoDate;
 }
 
 }  // namespace tarvel

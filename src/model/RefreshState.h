@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/CalendarDates.h"
 #include "model/DownloadErrorKind.h"
 #include "platform/Instant.h"
 #include "platform/PropertyList.h"
@@ -26,5 +27,9 @@ struct RefreshState {
   /// A key that is missing or of another type leaves its member's default.
   void readFrom(const PropertyList::Dictionary& dictionary);
 };
+
+/// A day that the state keeps; `kNoDate` if the key is missing, or its value of another type or beyond 32
+/// bits.
+PackedDate packedDateAt(const PropertyList::Dictionary& dictionary, const std::string& key);
 
 }  // namespace tarvel

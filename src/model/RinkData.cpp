@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "foundation/DecodeError.h"
 #include "model/FileNames.h"
 #include "model/MainFile.h"
 #include "model/StoredFile.h"
@@ -50,8 +49,8 @@ void RinkData::readState(const PropertyList::Dictionary& state) {
   const auto promise = [&](const char* key, std::string_view fileName) {
     return restoredPromise(context_.services.files, dateAt(state, key), join(folder_, fileName));
   };
-  firstWeek = static_cast<PackedDate>(integerAt(state, "firstWeek").value_or(0));
-  lastWeek = static_cast<PackedDate>(integerAt(state, "lastWeek").value_or(0));
+  firstWeek = packedDateAt(state, "firstWeek");
+  lastWeek = packedDateAt(state, "lastWeek");
   dismissedNotices = integersAt(state, "dismissedNotices").value_or(std::vector<std::int64_t>{});
   refreshState.readFrom(state);
   mainFileDate = promise("mainFileDate", kMainFileName);
@@ -148,7 +147,7 @@ void RinkData::readMainFile() {
   try {
     adoptStoredMainFile(decodeMainFile(*content));
   } catch (const DecodeError& error) {
-    context_.errorLog.addMessage("Unable to decode file: " + path + " -- " + error.what());
+    dropDamagedFile(context_.services, context_.errorLog, path, error);
     refresher_->requestFile(request);
   }
 }

@@ -51,8 +51,11 @@ void DataModel::mergeRinkList(RinkListFile file) {
   rinkList = std::move(merged);
   if (!changed) return;
   dropRinksThatHaveGone();
-  // A rink may have moved to another zone.
-  for (const auto& rink : recentRinks) rink->setTimeZone();
+  // A rink may have moved to another zone, or be in the catalogue only now.
+  for (const auto& rink : recentRinks) {
+    rink->setRinkInfo(rinkInfo(rink->rinkID));
+    rink->setTimeZone();
+  }
   tidyApplicationFolder();
   postNotification(kRinkListChanged);
 }

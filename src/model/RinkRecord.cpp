@@ -11,7 +11,7 @@ namespace tarvel {
 
 namespace {
 
-/// A row of ten empty texts, no phone and no logo.
+/// A row of nine empty texts, no phone and no logo.
 constexpr std::uint64_t kLeastRowBytes = 29;
 
 RinkRecord decodeRow(DataDecoder& decoder) {

@@ -10,13 +10,17 @@ bool storeFile(const Services& services, MessageLog& errorLog, ByteView content,
                const Path& folder, std::optional<Instant> date, std::optional<std::uint16_t> permissions) {
   if (!services.files.info(folder)) {
     if (const Status made = services.files.createFolders(folder); !made) {
-      errorLog.addMessage("Unable to create folder: " + folder + " -- " + made.error().description);
+      errorLog.addMessage("Unable to create folder: " + folder);
+      services.console.printLine("    " + made.error().description);
       return false;
     }
   }
   const Path path = join(folder, name);
   const Status written = writeAtomically(services.files, path, content, {date, permissions});
-  if (!written) errorLog.addMessage("Unable to save file: " + path + " -- " + written.error().description);
+  if (!written) {
+    errorLog.addMessage("Unable to save file: " + path);
+    services.console.printLine("    " + written.error().description);
+  }
   return written.ok();
 }
 
@@ -32,6 +36,12 @@ std::optional<Instant> restoredPromise(FileSystem& files, std::optional<Instant>
   const std::optional<Instant> stored = storedDate(files, path);
   if (stored && std::floor(stored->seconds) == wholeSeconds->seconds) return stored;
   return wholeSeconds;
+}
+
+void dropDamagedFile(const Services& services, MessageLog& errorLog, const Path& path,
+                     const DecodeError& error) {
+  errorLog.addMessage("Unable to decode file: " + path + " -- " + error.what());
+  (void)services.files.remove(path);
 }
 
 void removeStoredFile(const Services& services, const Path& path) {

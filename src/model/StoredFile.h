@@ -2,6 +2,7 @@
 #include <optional>
 #include <string>
 
+#include "foundation/DecodeError.h"
 #include "foundation/MessageLog.h"
 #include "foundation/Services.h"
 
@@ -21,6 +22,11 @@ std::optional<Instant> storedDate(FileSystem& files, const Path& path);
 /// stored file's date agrees to the second, the promise was that file's date.
 std::optional<Instant> restoredPromise(FileSystem& files, std::optional<Instant> wholeSeconds,
                                        const Path& path);
+
+/// Logs that a stored file can't be decoded, and removes it: its date must not vouch for it any longer, or a
+/// refresh would take it for current and never fetch it anew.
+void dropDamagedFile(const Services& services, MessageLog& errorLog, const Path& path,
+                     const DecodeError& error);
 
 /// Prints "removing file: " and the path, and removes the file; a failure is passed over.
 void removeStoredFile(const Services& services, const Path& path);

@@ -1,5 +1,7 @@
 #include "platform/AtomicFile.h"
 
+#include <fmt/format.h>
+
 namespace tarvel {
 
 namespace {
@@ -10,8 +12,7 @@ constexpr std::string_view kTemporarySuffix = ".part";
 /// Hidden, so that no pass over a folder's visible files meets it, and made from the file's own name, so that
 /// the next write of that file uses it up.
 Path temporaryFor(const Path& path) {
-  return join(parentOf(path),
-              std::string(kTemporaryPrefix) + fileNameOf(path) + std::string(kTemporarySuffix));
+  return join(parentOf(path), fmt::format("{}{}{}", kTemporaryPrefix, fileNameOf(path), kTemporarySuffix));
 }
 
 bool isTemporary(std::string_view name) {

@@ -96,7 +96,7 @@ std::optional<Instant> dateOf(plist_t node) {
   const date::year_month_day calendarDay{date::year{year}, date::month{month}, date::day{day}};
   if (!calendarDay.ok()) return std::nullopt;
   const std::int64_t days = date::sys_days{calendarDay}.time_since_epoch().count();
-  const std::int64_t seconds = days * 86'400 + hour * 3'600 + minute * 60 + second;
+  const std::int64_t seconds = ((days * 24 + hour) * 60 + minute) * 60 + second;
   return Instant{static_cast<double>(seconds - kReferenceDateSince1970)};
 }
 
@@ -132,7 +132,7 @@ std::optional<PropertyList> arrayOf(plist_t node, int depth) {
     if (!value) return std::nullopt;
     array.push_back(std::move(*value));
   }
-  return PropertyList(std::move(array));
+  return std::make_optional<PropertyList>(std::move(array));
 }
 
 std::optional<PropertyList> dictionaryOf(plist_t node, int depth) {
@@ -145,7 +145,7 @@ std::optional<PropertyList> dictionaryOf(plist_t node, int depth) {
     plist_t item = nullptr;
     plist_dict_next_item(node, cursor, &keyText, &item);
     const CText key(keyText);
-    if (!item) return PropertyList(std::move(dictionary));
+    if (!item) return std::make_optional<PropertyList>(std::move(dictionary));
     std::optional<PropertyList> value = valueOf(item, depth);
     if (!value || !key || !isXmlText(key.get())) return std::nullopt;
     dictionary.insert_or_assign(key.get(), std::move(*value));
@@ -154,8 +154,9 @@ std::optional<PropertyList> dictionaryOf(plist_t node, int depth) {
 
 /// None for what makes the whole file no property list.
 std::optional<PropertyList> valueOf(plist_t node, int depth) {
-  if (depth > kMaxDepth) return std::nullopt;
-  switch (plist_get_node_type(node)) {
+  const plist_type type = plist_get_node_type(node);
+  if (depth >= kMaxDepth && (type == PLIST_ARRAY || type == PLIST_DICT)) return std::nullopt;
+  switch (type) {
     case PLIST_BOOLEAN: {
       std::uint8_t value = 0;
       plist_get_bool_val(node, &value);

@@ -15,7 +15,7 @@ constexpr std::int64_t kLatestSeconds = 253'402'128'000;
 // Zone files list each change of the clocks up to this year, and only give the rule for the ones after. The
 // date library reads the list alone.
 constexpr int kLastListedYear = 2037;
-constexpr int kMonthAfterLeapDay = 3;
+constexpr int kBeyondAllLists = 3000;
 
 date::sys_seconds sysSecondsOf(Instant instant) {
   const double since1970 = std::isnan(instant.seconds)
@@ -26,19 +26,28 @@ date::sys_seconds sysSecondsOf(Instant instant) {
   return date::sys_seconds{std::chrono::seconds{static_cast<std::int64_t>(inRange)}};
 }
 
-/// The moment of the last listed years at which the clocks stand as they will at `time`: rules go by the
-/// weekdays of a month, so a year whose months begin on the same weekdays will do. January and February
-/// depend on the year's first weekday, the other months on that of 1 March; any eleven years in a row have
-/// all seven of both.
+/// The moment of the last listed years at which the clocks stand as they will at `time`. Rules go by the
+/// weekdays of a month, so from March on a year with the same weekdays will do, and the last ten have all
+/// seven kinds. No rule changes the clocks in January or February, where the leap day would be in the way.
 date::sys_seconds withinListedYears(date::sys_seconds time) {
   const date::year_month_day day{date::floor<date::days>(time)};
   if (int{day.year()} <= kLastListedYear) return time;
-  const auto anchorMonth = unsigned{day.month()} < kMonthAfterLeapDay ? date::January : date::March;
-  const date::sys_days anchor = day.year() / anchorMonth / 1;
-  for (int year = kLastListedYear;; --year) {
-    const date::sys_days candidate = date::year{year} / anchorMonth / 1;
-    if (date::weekday{candidate} == date::weekday{anchor}) return time - (anchor - candidate);
+  if (day.month() < date::March) {
+    return time - (date::sys_days{day.year() / date::January / 1} -
+                   date::sys_days{date::year{kLastListedYear} / date::January / 1});
   }
+  const date::sys_days march = day.year() / date::March / 1;
+  for (int year = kLastListedYear;; --year) {
+    const date::sys_days candidate = date::year{year} / date::March / 1;
+    if (date::weekday{candidate} == date::weekday{march}) return time - (march - candidate);
+  }
+}
+
+date::sys_info infoAt(const date::time_zone& zone, date::sys_seconds time) {
+  date::sys_info info = zone.get_info(time);
+  // A few zones, whose changes follow the moon, list them for longer.
+  const bool listedForLonger = info.end < date::sys_days{date::year{kBeyondAllLists} / date::January / 1};
+  return listedForLonger ? info : zone.get_info(withinListedYears(time));
 }
 
 }  // namespace
@@ -83,8 +92,7 @@ std::string TimeZone::identifier() const {
 
 LocalTime TimeZone::local(Instant instant) const {
   const date::sys_seconds utcTime = sysSecondsOf(instant);
-  const auto offset =
-      zone_ == nullptr ? std::chrono::seconds{0} : zone_->get_info(withinListedYears(utcTime)).offset;
+  const auto offset = zone_ == nullptr ? std::chrono::seconds{0} : infoAt(*zone_, utcTime).offset;
   const auto time = utcTime + offset;
   const auto midnight = date::floor<date::days>(time);
   const date::year_month_day day{midnight};
@@ -99,7 +107,7 @@ LocalTime TimeZone::local(Instant instant) const {
 
 std::string TimeZone::abbreviation(Instant instant) const {
   if (zone_ == nullptr) return "UTC";
-  return zone_->get_info(withinListedYears(sysSecondsOf(instant))).abbrev;
+  return infoAt(*zone_, sysSecondsOf(instant)).abbrev;
 }
 
 }  // namespace tarvel

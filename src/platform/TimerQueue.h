@@ -1,5 +1,4 @@
 #pragma once
-#include <compare>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -17,7 +16,9 @@ class TimerQueue {
   struct Due {
     double seconds = 0.0;
     std::uint64_t order = 0;
-    friend auto operator<=>(const Due&, const Due&) = default;
+    friend bool operator<(const Due& left, const Due& right) {
+      return left.seconds < right.seconds || (left.seconds == right.seconds && left.order < right.order);
+    }
   };
 
   /// `monotonicSeconds` tells the time of the monotonic clock.

@@ -22,12 +22,13 @@ MasterRefresh::MasterRefresh(const Services& services, DataModel& model)
 }
 
 std::string MasterRefresh::url(std::string_view path) const {
-  return model_.tarvelServerURL + std::string(path);
+  return (state_.refreshInProgress ? cycleServerURL_ : model_.tarvelServerURL) + std::string(path);
 }
 
 void MasterRefresh::performRefresh() {
   // A manual flag that the caller set holds for the cycle that runs already.
   if (!begin("----- performRefresh for master data")) return;
+  cycleServerURL_ = model_.tarvelServerURL;
   request(url("/root.b1"), [this](ByteView body) { rootFileReceived(body); });
 }
 
@@ -50,7 +51,9 @@ void MasterRefresh::masterRefresh() {
 void MasterRefresh::rootFileReceived(ByteView body) {
   services_.console.printLine("received root file  " + bytesText(body));
   const RootFile root = decodeRootFile(body);
-  model_.applicationWebsiteURL = root.applicationWebsiteURL;
+  // A text that the state file can't hold is no address, and would keep the whole state from being saved.
+  const bool storable = PropertyList(root.applicationWebsiteURL).xml().ok();
+  model_.applicationWebsiteURL = storable ? root.applicationWebsiteURL : "";
   takeUpdateDecision(root);
   const auto follow = [&](const MasterFileInfo& info, std::string_view name,
                           std::optional<Instant>& promise) {

@@ -49,6 +49,7 @@ class MasterRefresh : public MasterRefresher, private RefreshCycle {
 
   DataModel& model_;
   DownloadManager downloads_;
+  std::string cycleServerURL_;  ///< of the running cycle, which ends at the server with which it began
 };
 
 }  // namespace tarvel

@@ -1,0 +1,127 @@
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include <QSessionManager>
+#include <QStandardPaths>
+
+#include "app/AppController.h"
+#include "app/AppInfo.h"
+#include "app/QuitSignals.h"
+#include "app/SingleInstance.h"
+#include "app/TarvelApp.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixFileSystem.h"
+#include "platform/posix/PosixThreads.h"
+#include "platform/posix/StandardConsole.h"
+#include "platform/qt/QtHttpClient.h"
+#include "platform/qt/QtImageDecoder.h"
+#include "platform/qt/QtRunLoop.h"
+#include "platform/qt/QtWorkspace.h"
+#include "ui/Icons.h"
+#include "ui/SystemAppearance.h"
+
+namespace tarvel {
+namespace {
+
+/// The real ports. A member is destroyed before those that stand above it.
+struct Ports {
+  PosixFileSystem files;
+  PosixClock clock;
+  PosixThreads threads;
+  StandardConsole console;
+  QtRunLoop mainLoop;
+  QtHttpClient http{mainLoop};
+  QtImageDecoder images;
+  QtWorkspace workspace;
+  PretendTime pretendTime{clock};
+  NotificationCenter notifications{mainLoop};
+  ObserverCensus observerCensus;
+
+  Services services() {
+    return {mainLoop, clock, pretendTime, files, http, images, threads, console, notifications};
+  }
+};
+
+/// The folder of users' data, and in it the application's own.
+Path applicationFolder() {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return join(data.toStdString(), kAppInfo.localizedName);
+}
+
+/// Another start wants to see the application.
+void showYourself(AppController& controller) {
+  if (controller.terminating) return;
+  // It may ask before the first turn of the loop has opened any window.
+  if (controller.firstActivation) controller.applicationDidBecomeActive();
+  controller.applicationShouldHandleReopen(!Window::orderedWindows().empty());
+  const auto windows = Window::orderedWindows();
+  if (windows.empty()) return;
+  windows.front()->setWindowState(windows.front()->windowState() & ~Qt::WindowMinimized);
+  windows.front()->makeKeyAndOrderFront();
+}
+
+void connectLifecycle(TarvelApp& app, AppController& controller, SingleInstance& instance) {
+  const auto terminate = [&controller, &instance] {
+    instance.stopListening();
+    controller.applicationWillTerminate();
+  };
+  app.quitRequested = [terminate] {
+    terminate();
+    QCoreApplication::exit(EXIT_SUCCESS);
+  };
+  // The loop also ends by itself, when the display goes away.
+  QObject::connect(&app, &QCoreApplication::aboutToQuit, &app, terminate);
+  // The session may still go on after this, by its user's choice; if it ends, a quit follows.
+  QObject::connect(
+      &app, &QGuiApplication::commitDataRequest, &app,
+      [&controller](QSessionManager&) { controller.saveAppState(); }, Qt::DirectConnection);
+  QObject::connect(&app, &QGuiApplication::applicationStateChanged, &app,
+                   [&controller](Qt::ApplicationState state) {
+                     if (state == Qt::ApplicationActive && !controller.terminating)
+                       controller.applicationDidBecomeActive();
+                   });
+  instance.showYourself = [&controller] { showYourself(controller); };
+}
+
+int runTarvel() {
+  TarvelApp app;
+  Ports ports;
+  const Path folder = applicationFolder();
+  SingleInstance instance;
+  switch (instance.claim(ports.files, folder)) {
+    case SingleInstance::Outcome::first:
+      break;
+    case SingleInstance::Outcome::handedOver:
+      return EXIT_SUCCESS;
+    case SingleInstance::Outcome::noAnswer:
+      std::fputs("Tarvel is running already, and doesn't answer.\n", stderr);
+      return EXIT_FAILURE;
+  }
+  initAssets();
+  const SystemAppearance appearance;
+  AppController controller(
+      {ports.services(), ports.workspace, ports.observerCensus, folder, TARVEL_SERVER_URL});
+  connectLifecycle(app, controller, instance);
+  const QuitSignals quitSignals([] { QCoreApplication::quit(); });
+  controller.applicationWillFinishLaunching();
+  controller.applicationDidFinishLaunching();
+  // With no window there is none that the desktop could make active, so the first activation is the
+  // application's own.
+  ports.mainLoop.post([&controller] {
+    if (controller.firstActivation && !controller.terminating) controller.applicationDidBecomeActive();
+  });
+  const int status = QApplication::exec();
+  app.quitRequested = nullptr;
+  app.disconnect();
+  return status;
+}
+
+}  // namespace
+}  // namespace tarvel
+
+int main() {
+  // A reader of the progress lines that goes away must not take the application with it.
+  std::signal(SIGPIPE, SIG_IGN);
+  return tarvel::runTarvel();
+}

@@ -1,0 +1,94 @@
+#include "mainwindow/MainWindowSettings.h"
+
+#include <array>
+
+#include "schedule/ScheduleMetrics.h"
+
+namespace tarvel {
+namespace {
+
+constexpr const char* kRinkID = "rinkID";
+constexpr const char* kCurrentPaneKind = "currentPaneKind";
+constexpr const char* kScheduleViewOption = "scheduleViewOption";
+// Older keys of the weekly sizes, from when there was no daily schedule.
+constexpr const char* kOldFontSizeFit = "fontSizeFit";
+constexpr const char* kOldFontSizeScroll = "fontSizeScroll";
+constexpr std::int64_t kPaneCount = 4;
+
+template <class Member>
+struct Key {
+  const char* name;
+  Member MainWindowSettings::*member;
+};
+
+constexpr std::array<Key<bool>, 4> kBooleans{{
+    {"fitVertically", &MainWindowSettings::fitVertically},
+    {"showSessionTimes", &MainWindowSettings::showSessionTimes},
+    {"showRinks", &MainWindowSettings::showRinks},
+    {"showCalendar", &MainWindowSettings::showCalendar},
+}};
+
+constexpr std::array<Key<double>, 2> kPhotoHeights{{
+    {"galleryViewPhotoHeight", &MainWindowSettings::galleryViewPhotoHeight},
+    {"albumViewPhotoHeight", &MainWindowSettings::albumViewPhotoHeight},
+}};
+
+constexpr std::array<Key<std::optional<double>>, 6> kFontSizes{{
+    {"weeklyFontSizeFit", &MainWindowSettings::weeklyFontSizeFit},
+    {"weeklyFontSizeScroll", &MainWindowSettings::weeklyFontSizeScroll},
+    {"dailyFontSizeSingleFit", &MainWindowSettings::dailyFontSizeSingleFit},
+    {"dailyFontSizeSingleScroll", &MainWindowSettings::dailyFontSizeSingleScroll},
+    {"dailyFontSizeMultiFit", &MainWindowSettings::dailyFontSizeMultiFit},
+    {"dailyFontSizeMultiScroll", &MainWindowSettings::dailyFontSizeMultiScroll},
+}};
+
+}  // namespace
+
+double MainWindowSettings::weeklyFontSize() const {
+  using Sizes = std::array<std::optional<double>, 4>;
+  const Sizes fitting{weeklyFontSizeFit, weeklyFontSizeScroll, dailyFontSizeMultiFit, dailyFontSizeSingleFit};
+  const Sizes scrolling{weeklyFontSizeScroll, weeklyFontSizeFit, dailyFontSizeMultiScroll,
+                        dailyFontSizeSingleScroll};
+  for (const auto& size : fitVertically ? fitting : scrolling) {
+    if (size) return *size;
+  }
+  return kDefaultItemFontSize;
+}
+
+PropertyList::Dictionary MainWindowSettings::dictionary() const {
+  PropertyList::Dictionary result;
+  result[kRinkID] = rinkID;
+  result[kCurrentPaneKind] = static_cast<std::int64_t>(currentPaneKind);
+  result[kScheduleViewOption] = static_cast<std::int64_t>(scheduleViewOption);
+  for (const auto& key : kBooleans) result[key.name] = this->*key.member;
+  for (const auto& key : kPhotoHeights) result[key.name] = this->*key.member;
+  for (const auto& key : kFontSizes) {
+    if (const auto size = this->*key.member) result[key.name] = *size;
+  }
+  return result;
+}
+
+void MainWindowSettings::readFrom(const PropertyList::Dictionary& dictionary) {
+  if (const auto id = integerAt(dictionary, kRinkID)) rinkID = *id;
+  if (const auto pane = integerAt(dictionary, kCurrentPaneKind)) {
+    const bool known = *pane >= 0 && *pane < kPaneCount;
+    currentPaneKind = known ? static_cast<MainWindowPane>(*pane) : MainWindowPane::info;
+  }
+  if (const auto option = integerAt(dictionary, kScheduleViewOption); option == 0 || option == 1) {
+    scheduleViewOption = static_cast<ScheduleViewOption>(*option);
+  }
+  // The older keys first, so that the present ones win.
+  if (const auto size = realAt(dictionary, kOldFontSizeFit)) weeklyFontSizeFit = *size;
+  if (const auto size = realAt(dictionary, kOldFontSizeScroll)) weeklyFontSizeScroll = *size;
+  for (const auto& key : kBooleans) {
+    if (const auto value = booleanAt(dictionary, key.name)) this->*key.member = *value;
+  }
+  for (const auto& key : kPhotoHeights) {
+    if (const auto value = realAt(dictionary, key.name)) this->*key.member = *value;
+  }
+  for (const auto& key : kFontSizes) {
+    if (const auto value = realAt(dictionary, key.name)) this->*key.member = *value;
+  }
+}
+
+}  // namespace tarvel

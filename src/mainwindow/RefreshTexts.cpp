@@ -1,0 +1,70 @@
+#include "mainwindow/RefreshTexts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvel {
+namespace {
+
+constexpr double kSecondsPerMinute = 60.0;
+constexpr std::int64_t kMinutesPerHour = 60;
+
+std::string nextTryText(const RefreshableProtocol& thing) {
+  const double wait = thing.secondsUntilRefresh();
+  return wait > 0.0 ? "next try in " + coarseDurationText(wait) : std::string();
+}
+
+}  // namespace
+
+std::string coarseDurationText(double seconds) {
+  if (seconds <= kSecondsPerMinute) {
+    return fmt::format("{} sec", static_cast<std::int64_t>(std::floor(seconds)));
+  }
+  const auto minutes = static_cast<std::int64_t>(std::llround(seconds / kSecondsPerMinute));
+  const std::int64_t hours = minutes / kMinutesPerHour;
+  const std::int64_t rest = minutes % kMinutesPerHour;
+  if (hours == 0) return rest == 1 ? "1 minute" : fmt::format("{} minutes", rest);
+  if (rest != 0) return fmt::format("{} hr {} min", hours, rest);
+  return hours == 1 ? "1 hour" : fmt::format("{} hours", hours);
+}
+
+std::string refreshStatusText(const RefreshableProtocol& thing, Instant now) {
+  if (thing.refreshInProgress()) return "Refreshing…";
+  if (thing.errorKind() != DownloadErrorKind::noError) {
+    const std::string next = nextTryText(thing);
+    return std::string(textOf(thing.errorKind())) + (next.empty() ? "" : " — " + next);
+  }
+  const auto stamp = thing.lastRefreshTimeStamp();
+  if (!stamp) return "Not updated yet";
+  const double age = now - *stamp;
+  if (age < kSecondsPerMinute) return "Updated just now";
+  return "Updated " + coarseDurationText(age) + " ago";
+}
+
+std::string emptyListText(const RefreshableProtocol& catalogue, const std::string& serverURL) {
+  if (catalogue.refreshInProgress()) return "Loading the list of rinks from " + serverURL + "…";
+  if (catalogue.errorKind() != DownloadErrorKind::noError) {
+    const std::string next = nextTryText(catalogue);
+    return std::string(textOf(catalogue.errorKind())) + "\n" + serverURL +
+           (next.empty() ? "" : "\n\n" + next);
+  }
+  if (catalogue.lastRefreshTimeStamp()) return "There are no rinks at " + serverURL + ".";
+  const std::string next = nextTryText(catalogue);
+  return "The list of rinks has not been loaded yet." + (next.empty() ? std::string() : "\n\n" + next);
+}
+
+double secondsUntilTextChanges(const RefreshableProtocol& thing, Instant now) {
+  if (thing.refreshInProgress()) return kSecondsPerMinute;
+  const double wait = thing.secondsUntilRefresh();
+  const bool counts = thing.errorKind() != DownloadErrorKind::noError || !thing.lastRefreshTimeStamp();
+  if (counts) return wait > 0.0 && wait <= kSecondsPerMinute + 1.0 ? 1.0 : kSecondsPerMinute / 2;
+  const double age = std::max(0.0, now - *thing.lastRefreshTimeStamp());
+  // The text rounds to whole minutes, so it turns half a minute before and after each.
+  const double half = kSecondsPerMinute / 2;
+  const double toTurn = kSecondsPerMinute - std::fmod(age + half, kSecondsPerMinute);
+  return age < kSecondsPerMinute ? kSecondsPerMinute - age : std::max(1.0, toTurn);
+}
+
+}  // namespace tarvel

@@ -1,0 +1,71 @@
+#include "mainwindow/RinkSidebar.h"
+
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "mainwindow/RefreshTexts.h"
+
+namespace tarvel {
+namespace {
+
+constexpr int kBorder = 1;
+constexpr int kStatusMargin = 8;
+constexpr int kExplanationMargin = 20;
+const TextAttributes kExplanationAttributes{13.0, FontWeight::regular, kSecondaryLabel, kCentredStyle};
+
+}  // namespace
+
+RinkSidebar::RinkSidebar(const WindowContext& context, QWidget* parent)
+    : QWidget(parent), dataModel_(context.dataModel), watch_(context.services, [this] { update(); }) {
+  setFixedWidth(kWidth);
+  rinkListScroller_ = new QScrollArea(this);
+  rinkListScroller_->setFrameShape(QFrame::NoFrame);
+  rinkListScroller_->setFocusPolicy(Qt::NoFocus);
+  rinkListScroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  rinkListView_ = new RinkListView(context);
+  rinkListScroller_->setWidget(rinkListView_);
+  explanation_ = new TextLabel(kExplanationAttributes, TextLabel::Lines::several, this);
+  explanation_->setContentsMargins(0, 0, 0, 0);
+  refreshStatus_ =
+      new RefreshStatusView(context.services, RefreshStatusView::Arrangement::buttonThenText, this);
+
+  auto* explanationRow = new QHBoxLayout;
+  explanationRow->setContentsMargins(kExplanationMargin, 0, kExplanationMargin, 0);
+  explanationRow->addWidget(explanation_);
+  auto* statusRow = new QHBoxLayout;
+  statusRow->setContentsMargins(kStatusMargin, kStatusMargin, kStatusMargin, kStatusMargin);
+  statusRow->addWidget(refreshStatus_);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, kBorder, 0);
+  column->setSpacing(0);
+  column->addWidget(rinkListScroller_, 1);
+  column->addLayout(explanationRow, 0);
+  column->addLayout(statusRow);
+
+  rinkListView_->listLoaded = [this] { update(); };
+  const auto catalogue = [this]() -> RefreshableProtocol* { return &dataModel_; };
+  watch_.watch(&dataModel_, catalogue);
+  refreshStatus_->watch(&dataModel_, catalogue);
+}
+
+void RinkSidebar::close() {
+  rinkListView_->close();
+  refreshStatus_->close();
+  watch_.stop();
+}
+
+void RinkSidebar::update() {
+  const bool empty = rinkListView_->rinks().empty();
+  explanation_->setTextUtf8(empty ? emptyListText(dataModel_, dataModel_.tarvelServerURL) : std::string());
+  explanation_->setVisible(empty);
+  rinkListScroller_->setVisible(!empty);
+}
+
+void RinkSidebar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), color(kContentBackground, this));
+  painter.fillRect(QRect(width() - kBorder, 0, kBorder, height()), color(kContentBorder, this));
+}
+
+}  // namespace tarvel

@@ -1,0 +1,39 @@
+#pragma once
+#include <QWidget>
+
+#include "mainwindow/RefreshStatusView.h"
+#include "mainwindow/RinkListView.h"
+
+class QScrollArea;
+
+namespace tarvel {
+
+/// The window's left side: the list of rinks, or, while there are none, words on what is being done about
+/// that; and under it how current the catalogue is.
+class RinkSidebar : public QWidget {
+  Q_OBJECT
+ public:
+  static constexpr int kWidth = 240;
+
+  RinkSidebar(const WindowContext& context, QWidget* parent);
+  RinkListView& rinkListView() const { return *rinkListView_; }
+  RefreshStatusView& refreshStatus() const { return *refreshStatus_; }
+  QString emptyListMessage() const { return explanation_->text(); }
+  /// Stops observing; final. Not the toolkit's operation of this name.
+  void close();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void update();
+
+  DataModel& dataModel_;
+  QScrollArea* rinkListScroller_;
+  RinkListView* rinkListView_;
+  TextLabel* explanation_;
+  RefreshStatusView* refreshStatus_;
+  RefreshWatch watch_;
+};
+
+}  // namespace tarvel

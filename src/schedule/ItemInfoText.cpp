@@ -1,0 +1,40 @@
+#include "schedule/ItemInfoText.h"
+
+#include <fmt/format.h>
+
+#include "foundation/TextFormats.h"
+#include "schedule/ScheduleMetrics.h"
+
+namespace tarvel {
+namespace {
+
+constexpr int kFirstShortYear = 2000;
+constexpr int kLastShortYear = 2099;
+
+// This text shortens the years of this century only, unlike the other short dates.
+std::string infoDateText(PackedDate date) {
+  const int year = yearOf(date);
+  const bool isShort = year >= kFirstShortYear && year <= kLastShortYear;
+  return fmt::format("{}/{}/{:02}", monthOf(date), dayOf(date), isShort ? year - kFirstShortYear : year);
+}
+
+std::string infoText(PackedDate date, std::int64_t start, std::int64_t end, const std::string& what) {
+  return fmt::format("{}\n{}\n{} - {}\n({})\n\n{}", weekdayName(weekdayOf(date)), infoDateText(date),
+                     timeText(start), timeText(end), durationText(end - start), what);
+}
+
+}  // namespace
+
+std::string itemInfoText(const ScheduleItem& item, PackedDate weekOf, const std::string& sessionName) {
+  PackedDate date = addDays(weekOf, item.day);
+  if (item.time >= kMinutesPerDay) date = nextDay(date);
+  const bool both = !sessionName.empty() && !item.subtitle.empty();
+  return infoText(date, item.time, item.time + item.duration,
+                  sessionName + (both ? "\n" : "") + item.subtitle);
+}
+
+std::string gapInfoText(const ScheduleSpot& gap, PackedDate date) {
+  return infoText(date, gap.gapStart, gap.gapEnd, "-- Idle --");
+}
+
+}  // namespace tarvel

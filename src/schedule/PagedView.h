@@ -1,0 +1,27 @@
+#pragma once
+#include "ui/DataLoadingView.h"
+
+namespace tarvel {
+
+/// A page: a view that fills the place it is given and may want to be taller, and that is one of several
+/// which take turns at being in view. Whoever holds the pages gives them their size and closes them.
+class PagedView : public DataLoadingView {
+  Q_OBJECT
+ public:
+  using DataLoadingView::DataLoadingView;
+
+  /// The height that the page wants where `height` is to be had.
+  virtual double heightForAvailableHeight(double height) const { return height; }
+  /// Computes the layout anew from the page's size; it doesn't change the size, unlike the toolkit's
+  /// operation of this name.
+  virtual void adjustSize() = 0;
+  /// A setting of the owner has changed: reads it again and lays out anew.
+  virtual void pageDidChangeSettings() = 0;
+  /// The page has come into view: brings itself up to date and draws at once.
+  virtual void pageDidBecomeCurrent() = 0;
+  /// Stops observing, lets go of the owner and ignores whatever comes. Not the toolkit's operation of this
+  /// name.
+  virtual void close() = 0;
+};
+
+}  // namespace tarvel

@@ -1,0 +1,42 @@
+#pragma once
+#include <QWidget>
+#include <vector>
+
+#include "auxwindows/WindowContext.h"
+#include "schedule/ScheduleViewOwner.h"
+
+namespace tarvel {
+
+/// The names of the columns, above the schedule's pages; it stays put while pages turn. Made by the owner of
+/// the schedule, which tells it what to show.
+class ScheduleHeaderView : public QWidget, Counted<ScheduleHeaderView> {
+  Q_OBJECT
+ public:
+  using Counted<ScheduleHeaderView>::liveCount;
+  static constexpr int kHeight = 19;
+
+  ScheduleHeaderView(const WindowContext& context, ScheduleViewOwner& owner, QWidget* parent);
+  /// Lets go of the owner and of all observations.
+  void close();
+
+  /// Of the first column; with no date nothing is drawn.
+  void setDate(PackedDate date);
+  void setScheduleViewOption(ScheduleViewOption option);
+  PackedDate date() const { return date_; }
+
+  /// "Today", or "Sun 3/14".
+  static std::string columnTitle(PackedDate date, PackedDate today);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void paintDays(QPainter& painter, const ColumnGeometry& geometry) const;
+
+  ScheduleViewOwner* owner_;
+  ScheduleViewOption scheduleViewOption_ = ScheduleViewOption::weekly;
+  PackedDate date_ = kNoDate;
+  std::vector<Observation> observations_;
+};
+
+}  // namespace tarvel
