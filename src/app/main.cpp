@@ -51,7 +51,6 @@ Path applicationFolder() {
 
 /// Another start wants to see the application.
 void showYourself(AppController& controller) {
-  if (controller.terminating) return;
   // It may ask before the first turn of the loop has opened any window.
   if (controller.firstActivation) controller.applicationDidBecomeActive();
   controller.applicationShouldHandleReopen(!Window::orderedWindows().empty());
@@ -62,24 +61,19 @@ void showYourself(AppController& controller) {
 }
 
 void connectLifecycle(TarvelApp& app, AppController& controller, SingleInstance& instance) {
-  const auto terminate = [&controller, &instance] {
+  // The controller quits in its own order once the loop has ended, when nothing can change the model any
+  // more.
+  app.quitRequested = [&instance] {
     instance.stopListening();
-    controller.applicationWillTerminate();
-  };
-  app.quitRequested = [terminate] {
-    terminate();
     QCoreApplication::exit(EXIT_SUCCESS);
   };
-  // The loop also ends by itself, when the display goes away.
-  QObject::connect(&app, &QCoreApplication::aboutToQuit, &app, terminate);
   // The session may still go on after this, by its user's choice; if it ends, a quit follows.
   QObject::connect(
       &app, &QGuiApplication::commitDataRequest, &app,
       [&controller](QSessionManager&) { controller.saveAppState(); }, Qt::DirectConnection);
   QObject::connect(&app, &QGuiApplication::applicationStateChanged, &app,
                    [&controller](Qt::ApplicationState state) {
-                     if (state == Qt::ApplicationActive && !controller.terminating)
-                       controller.applicationDidBecomeActive();
+                     if (state == Qt::ApplicationActive) controller.applicationDidBecomeActive();
                    });
   instance.showYourself = [&controller] { showYourself(controller); };
 }
@@ -109,11 +103,13 @@ int runTarvel() {
   // With no window there is none that the desktop could make active, so the first activation is the
   // application's own.
   ports.mainLoop.post([&controller] {
-    if (controller.firstActivation && !controller.terminating) controller.applicationDidBecomeActive();
+    if (controller.firstActivation) controller.applicationDidBecomeActive();
   });
   const int status = QApplication::exec();
   app.quitRequested = nullptr;
   app.disconnect();
+  instance.stopListening();
+  controller.applicationWillTerminate();
   return status;
 }
 

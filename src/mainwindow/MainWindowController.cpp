@@ -12,6 +12,7 @@
 namespace tarvel {
 namespace {
 
+const QString kApplicationName = QStringLiteral("Tarvel");
 constexpr Size kFirstSize{1240.0, 800.0};
 /// What the open list adds to the window's least width: its own width and a margin.
 constexpr double kRinksSidebarDelta = RinkSidebar::kWidth + 8.0;
@@ -25,7 +26,6 @@ std::unique_ptr<MainWindowController> MainWindowController::create(const WindowC
 MainWindowController::MainWindowController(const WindowContext& context)
     : DataLoadingWindowController(std::make_unique<Window>(), context.services.notifications),
       context_(context) {
-  window()->setWindowTitle(QStringLiteral("Tarvel"));
   makeViews();
   connectControls();
   observeModel();
@@ -37,7 +37,10 @@ MainWindowController::MainWindowController(const WindowContext& context)
   updateControls();
 }
 
-MainWindowController::~MainWindowController() = default;
+MainWindowController::~MainWindowController() {
+  // The views go after this, and must not turn to it any more; at a quit no window is closed before.
+  closeParts();
+}
 
 void MainWindowController::makeViews() {
   rinkSidebar_ = new RinkSidebar(context_, window());
@@ -143,7 +146,11 @@ void MainWindowController::updateRinkContent() {
 
 void MainWindowController::updateControls() {
   const auto info = currentRinkInfo_.lock();
-  titleRow_->setRinkName(info ? info->name : std::string());
+  const std::string name = info ? info->name : std::string();
+  titleRow_->setRinkName(name);
+  window()->setWindowTitle(name.empty()
+                               ? kApplicationName
+                               : QString::fromStdString(name) + QStringLiteral(" — ") + kApplicationName);
   titleRow_->setControls(!currentRinkData_.expired(), schedulePane_->controls());
 }
 
@@ -271,11 +278,15 @@ void MainWindowController::windowWillClose() {
   isClosing = true;
   storeChosenVenues();
   if (QWidget* focused = window()->focusWidget()) focused->clearFocus();
+  closeParts();
+  context_.application.removeWindowController(*this, SaveFrame::yes);
+}
+
+void MainWindowController::closeParts() {
   observations_.clear();
   titleRow_->refreshStatus().close();
   schedulePane_->close();
   rinkSidebar_->close();
-  context_.application.removeWindowController(*this, SaveFrame::yes);
 }
 
 }  // namespace tarvel

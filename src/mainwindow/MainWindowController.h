@@ -81,6 +81,7 @@ class MainWindowController : public DataLoadingWindowController,
   void updateControls();
   /// Enforces the window's limits and returns the frame that results.
   Rect applyWindowFrame(const Rect& frame);
+  void closeParts();
 
   WindowContext context_;
   std::weak_ptr<RinkInfo> currentRinkInfo_;

@@ -20,7 +20,7 @@ TextAttributes attributesFor(RefreshStatusView::Arrangement arrangement) {
 }  // namespace
 
 RefreshStatusView::RefreshStatusView(const Services& services, Arrangement arrangement, QWidget* parent)
-    : QWidget(parent), watch_(services, [this] { update(); }) {
+    : QWidget(parent), watch_(services, [this] { updateTexts(); }) {
   const bool inRow = arrangement == Arrangement::textThenButton;
   button_ = new IconButton("refresh", kRefreshNow, this);
   text_ = new TextLabel(attributesFor(arrangement), inRow ? TextLabel::Lines::one : TextLabel::Lines::several,
@@ -37,7 +37,7 @@ void RefreshStatusView::refreshNow() {
   if (RefreshableProtocol* thing = watch_.thing()) thing->refreshNow();
 }
 
-void RefreshStatusView::update() {
+void RefreshStatusView::updateTexts() {
   const RefreshableProtocol* thing = watch_.thing();
   text_->setTextUtf8(thing ? refreshStatusText(*thing, watch_.now()) : std::string());
   const bool failed = thing && thing->errorKind() != DownloadErrorKind::noError;

@@ -28,7 +28,7 @@ class RefreshStatusView : public QWidget {
   QString statusText() const { return text_->text(); }
 
  private:
-  void update();
+  void updateTexts();
 
   RefreshWatch watch_;
   IconButton* button_;

@@ -11,9 +11,10 @@ namespace {
 constexpr double kSecondsPerMinute = 60.0;
 constexpr std::int64_t kMinutesPerHour = 60;
 
-std::string nextTryText(const RefreshableProtocol& thing) {
+/// `lead` and the wait for the next refresh; empty if none is waiting.
+std::string nextTryText(const RefreshableProtocol& thing, const std::string& lead) {
   const double wait = thing.secondsUntilRefresh();
-  return wait > 0.0 ? "next try in " + coarseDurationText(wait) : std::string();
+  return wait > 0.0 ? lead + coarseDurationText(wait) : std::string();
 }
 
 }  // namespace
@@ -33,8 +34,7 @@ std::string coarseDurationText(double seconds) {
 std::string refreshStatusText(const RefreshableProtocol& thing, Instant now) {
   if (thing.refreshInProgress()) return "Refreshing…";
   if (thing.errorKind() != DownloadErrorKind::noError) {
-    const std::string next = nextTryText(thing);
-    return std::string(textOf(thing.errorKind())) + (next.empty() ? "" : " — " + next);
+    return std::string(textOf(thing.errorKind())) + nextTryText(thing, " — next try in ");
   }
   const auto stamp = thing.lastRefreshTimeStamp();
   if (!stamp) return "Not updated yet";
@@ -45,14 +45,12 @@ std::string refreshStatusText(const RefreshableProtocol& thing, Instant now) {
 
 std::string emptyListText(const RefreshableProtocol& catalogue, const std::string& serverURL) {
   if (catalogue.refreshInProgress()) return "Loading the list of rinks from " + serverURL + "…";
+  const std::string next = nextTryText(catalogue, "\n\nNext try in ");
   if (catalogue.errorKind() != DownloadErrorKind::noError) {
-    const std::string next = nextTryText(catalogue);
-    return std::string(textOf(catalogue.errorKind())) + "\n" + serverURL +
-           (next.empty() ? "" : "\n\n" + next);
+    return std::string(textOf(catalogue.errorKind())) + "\n" + serverURL + next;
   }
   if (catalogue.lastRefreshTimeStamp()) return "There are no rinks at " + serverURL + ".";
-  const std::string next = nextTryText(catalogue);
-  return "The list of rinks has not been loaded yet." + (next.empty() ? std::string() : "\n\n" + next);
+  return "The list of rinks has not been loaded yet." + next;
 }
 
 double secondsUntilTextChanges(const RefreshableProtocol& thing, Instant now) {

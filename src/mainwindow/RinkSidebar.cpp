@@ -17,7 +17,7 @@ const TextAttributes kExplanationAttributes{13.0, FontWeight::regular, kSecondar
 }  // namespace
 
 RinkSidebar::RinkSidebar(const WindowContext& context, QWidget* parent)
-    : QWidget(parent), dataModel_(context.dataModel), watch_(context.services, [this] { update(); }) {
+    : QWidget(parent), dataModel_(context.dataModel), watch_(context.services, [this] { updateTexts(); }) {
   setFixedWidth(kWidth);
   rinkListScroller_ = new QScrollArea(this);
   rinkListScroller_->setFrameShape(QFrame::NoFrame);
@@ -26,7 +26,6 @@ RinkSidebar::RinkSidebar(const WindowContext& context, QWidget* parent)
   rinkListView_ = new RinkListView(context);
   rinkListScroller_->setWidget(rinkListView_);
   explanation_ = new TextLabel(kExplanationAttributes, TextLabel::Lines::several, this);
-  explanation_->setContentsMargins(0, 0, 0, 0);
   refreshStatus_ =
       new RefreshStatusView(context.services, RefreshStatusView::Arrangement::buttonThenText, this);
 
@@ -34,16 +33,16 @@ RinkSidebar::RinkSidebar(const WindowContext& context, QWidget* parent)
   explanationRow->setContentsMargins(kExplanationMargin, 0, kExplanationMargin, 0);
   explanationRow->addWidget(explanation_);
   auto* statusRow = new QHBoxLayout;
-  statusRow->setContentsMargins(kStatusMargin, kStatusMargin, kStatusMargin, kStatusMargin);
+  statusRow->setContentsMargins(kStatusMargin, kStatusMargin + kBorder, kStatusMargin, kStatusMargin);
   statusRow->addWidget(refreshStatus_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, kBorder, 0);
   column->setSpacing(0);
   column->addWidget(rinkListScroller_, 1);
-  column->addLayout(explanationRow, 0);
+  column->addLayout(explanationRow, 1);
   column->addLayout(statusRow);
 
-  rinkListView_->listLoaded = [this] { update(); };
+  rinkListView_->listLoaded = [this] { updateTexts(); };
   const auto catalogue = [this]() -> RefreshableProtocol* { return &dataModel_; };
   watch_.watch(&dataModel_, catalogue);
   refreshStatus_->watch(&dataModel_, catalogue);
@@ -55,7 +54,7 @@ void RinkSidebar::close() {
   watch_.stop();
 }
 
-void RinkSidebar::update() {
+void RinkSidebar::updateTexts() {
   const bool empty = rinkListView_->rinks().empty();
   explanation_->setTextUtf8(empty ? emptyListText(dataModel_, dataModel_.tarvelServerURL) : std::string());
   explanation_->setVisible(empty);
@@ -65,7 +64,9 @@ void RinkSidebar::update() {
 void RinkSidebar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), color(kContentBackground, this));
-  painter.fillRect(QRect(width() - kBorder, 0, kBorder, height()), color(kContentBorder, this));
+  const QColor border = color(kContentBorder, this);
+  painter.fillRect(QRect(width() - kBorder, 0, kBorder, height()), border);
+  painter.fillRect(QRect(0, refreshStatus_->y() - kStatusMargin - kBorder, width(), kBorder), border);
 }
 
 }  // namespace tarvel

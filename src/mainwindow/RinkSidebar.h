@@ -26,7 +26,7 @@ class RinkSidebar : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void update();
+  void updateTexts();
 
   DataModel& dataModel_;
   QScrollArea* rinkListScroller_;

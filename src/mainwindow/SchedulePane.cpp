@@ -40,7 +40,10 @@ SchedulePane::SchedulePane(const WindowContext& context, QWidget* parent)
   column->addWidget(makeFooter());
 }
 
-SchedulePane::~SchedulePane() = default;
+SchedulePane::~SchedulePane() {
+  // The page is destroyed last, when its owner is gone.
+  close();
+}
 
 QWidget* SchedulePane::makeScheduleArea() {
   auto* box = new ContentBox(kScheduleBackground, this);
@@ -49,9 +52,9 @@ QWidget* SchedulePane::makeScheduleArea() {
   scroller_->setFrameShape(QFrame::NoFrame);
   scroller_->setFocusPolicy(Qt::TabFocus);
   scroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroller_->viewport()->installEventFilter(this);
   page_ = new WeeklyScheduleView(context_, *this);
   scroller_->setWidget(page_);
+  scroller_->viewport()->installEventFilter(this);
   auto* column = new QVBoxLayout(box);
   column->setContentsMargins(1, 1, 1, 1);
   column->setSpacing(0);
@@ -78,6 +81,7 @@ QWidget* SchedulePane::makeFooter() {
 }
 
 void SchedulePane::close() {
+  controlsChanged = nullptr;
   itemInfoTimer_.reset();
   header_->close();
   page_->close();

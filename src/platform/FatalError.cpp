@@ -7,9 +7,8 @@
 
 namespace tarvel {
 
-void fatalError(std::string_view reason, std::source_location where) {
-  fmt::print(stderr, "Fatal error: {}, line {}{}{}\n", where.file_name(), where.line(),
-             reason.empty() ? "" : ": ", reason);
+void fatalError(std::string_view reason, const char* file, int line) {
+  fmt::print(stderr, "Fatal error: {}, line {}{}{}\n", file, line, reason.empty() ? "" : ": ", reason);
   std::fflush(stderr);
   std::abort();
 }

@@ -1,5 +1,4 @@
 #pragma once
-#include <source_location>
 #include <string_view>
 
 namespace tarvel {
@@ -8,7 +7,7 @@ namespace tarvel {
 /// them when there is one, to standard error and aborts. For programming errors, and for server files that
 /// break a rule whose breach must not be survived (a negative count, an unknown session kind); never for a
 /// bad environment.
-[[noreturn]] void fatalError(std::string_view reason = {},
-                             std::source_location where = std::source_location::current());
+[[noreturn]] void fatalError(std::string_view reason = {}, const char* file = __builtin_FILE(),
+                             int line = __builtin_LINE());
 
 }  // namespace tarvel

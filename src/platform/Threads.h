@@ -29,7 +29,8 @@ class Threads {
   /// one timer. Both are called on the new thread.
   virtual std::unique_ptr<LoopThread> start(std::string name, std::function<void(RunLoop&)> main,
                                             std::function<bool()> keepRunning) = 0;
-  /// Names the calling thread for debuggers and process lists.
+  /// Names the calling thread for debuggers and process lists, where a name of its own doesn't rename the
+  /// program.
   virtual void nameCurrentThread(const std::string& name) = 0;
 };
 

@@ -6,7 +6,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
 #include <QPalette>
 #include <QTimer>
 #include <array>
@@ -91,6 +90,7 @@ void SystemAppearance::setOverride(std::optional<Appearance> appearance) {
 void SystemAppearance::askPortal() {
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
+  qRegisterMetaType<QDBusVariant>();  // or the bus doesn't recognise the slot's last argument
   bus.connect(kService, kObject, kInterface, QStringLiteral("SettingChanged"), this,
               SLOT(portalSettingChanged(QString, QString, QDBusVariant)));
   askPortalFor(kSchemeKey);

@@ -1,10 +1,10 @@
 #pragma once
+#include <QDBusVariant>
 #include <QObject>
 #include <optional>
 
 #include "ui/Appearance.h"
 
-class QDBusVariant;
 class QPalette;
 class QVariant;
 

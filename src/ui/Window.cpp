@@ -99,18 +99,21 @@ FrameMargins Window::margins() const {
 }
 
 void Window::noteMargins() {
+  if (!isVisible() || !isDecorated() || followsManager()) return;
   const FrameMargins known = margins();
-  if (isVisible() && isDecorated()) lastKnownMargins = known;
-  if (known == limitsMargins_) return;
-  const bool first = limitsMargins_ == FrameMargins{};
-  applyLimits();
-  // Only now is it known how far the title bar reaches up.
-  const double above = frame().maxY() - visibleFrame().maxY();
-  if (first && above > 0.0 && !followsManager()) {
-    Rect moved = frame();
-    moved.y -= above;
-    setFrame(moved);
-  }
+  lastKnownMargins = known;
+  if (known != limitsMargins_) applyLimits();
+  if (isTitleBarPlaced_ || known == FrameMargins{}) return;
+  isTitleBarPlaced_ = true;
+  // Only now is it known what the manager puts around the content.
+  Rect placed = frame();
+  const Rect area = visibleFrame();
+  const bool tooTall = placed.height > area.height;
+  const double above = placed.maxY() - area.maxY();
+  if (!tooTall && above <= 0.0) return;
+  if (tooTall) placed.height = area.height;
+  placed.y = area.maxY() - placed.height;
+  setFrame(placed);
 }
 
 void Window::applyLimits() {

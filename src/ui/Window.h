@@ -113,6 +113,7 @@ class Window : public QWidget, private Counted<Window> {
   FrameMargins limitsMargins_;  ///< those that the limits of the content were made with
   std::optional<Rect> frameBeforeZoom_;
   std::optional<Appearance> chosenAppearance_;
+  bool isTitleBarPlaced_ = false;
   bool isClosing_ = false;
 };
 

@@ -34,6 +34,7 @@ TEST_F(AutoSaveControllerTest, Deadlines) {
   } const cases[] = {{{0}, {60}},
                      {{0, 1, 20, 44}, {60}},           // more than a quarter of the patience is left
                      {{0, 45}, {60}},                  // just a quarter
+                     {{0, 46}, {76}},                  // less
                      {{0, 50}, {80}},                  // 10 left of 60: 30 more from 50
                      {{0, 59, 70}, {89}},              // 30 more from 59, and 19 left are enough
                      {{0, 50, 72}, {87}},              // 8 left of 30: 15 more

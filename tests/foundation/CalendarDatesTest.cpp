@@ -84,14 +84,14 @@ TEST(CalendarDates, LeapYears) {
 TEST(CalendarDates, AddMonths) {
   struct {
     PackedDate date;
-    std::int64_t n;
     PackedDate result;
-  } const cases[] = {{d(2024, 1, 31), 0, d(2024, 1, 31)},    {d(2024, 1, 31), 1, d(2024, 2, 29)},
-                     {d(2025, 1, 31), 1, d(2025, 2, 28)},    {d(2024, 1, 31), 2, d(2024, 3, 31)},
-                     {d(2024, 11, 30), 1, d(2024, 12, 30)},  {d(2024, 12, 31), 1, d(2025, 1, 31)},
-                     {d(2024, 2, 29), 12, d(2025, 2, 28)},   {d(2024, 10, 31), 13, d(2025, 11, 30)},
-                     {d(2024, 5, 15), 1207, d(2124, 12, 15)}};
-  for (const auto& [date, n, result] : cases) EXPECT_EQ(addMonths(date, n), result) << std::hex << date;
+    std::int64_t n;
+  } const cases[] = {{d(2024, 1, 31), d(2024, 1, 31), 0},    {d(2024, 1, 31), d(2024, 2, 29), 1},
+                     {d(2025, 1, 31), d(2025, 2, 28), 1},    {d(2024, 1, 31), d(2024, 3, 31), 2},
+                     {d(2024, 11, 30), d(2024, 12, 30), 1},  {d(2024, 12, 31), d(2025, 1, 31), 1},
+                     {d(2024, 2, 29), d(2025, 2, 28), 12},   {d(2024, 10, 31), d(2025, 11, 30), 13},
+                     {d(2024, 5, 15), d(2124, 12, 15), 1207}};
+  for (const auto& [date, result, n] : cases) EXPECT_EQ(addMonths(date, n), result) << std::hex << date;
 }
 
 TEST(CalendarDates, Texts) {
@@ -105,14 +105,14 @@ TEST(CalendarDates, Texts) {
   EXPECT_EQ(shortWeekdayName(3), "Wed");
 }
 
-// A date from a file may hold any bits.
+// A date from a file may hold any bits. The year is one that begins on a Sunday.
 TEST(CalendarDates, SenselessDatesStayWithinTheTables) {
   for (int month = 0; month < 256; ++month) {
     for (const int day : {0, 1, 31, 255}) {
-      const PackedDate date = d(2031, month, day);
+      const PackedDate date = d(2034, month, day);
       EXPECT_GE(weekdayOf(date), 0);
       EXPECT_LE(weekdayOf(date), 6);
-      EXPECT_GE(daysInMonth(2031, month), 28);
+      EXPECT_GE(daysInMonth(2034, month), 28);
       const PackedDate later = addDays(date, 1000);
       EXPECT_TRUE(dayOf(later) <= daysInMonth(yearOf(later), monthOf(later)));
       EXPECT_FALSE(fullDateText(date).empty());

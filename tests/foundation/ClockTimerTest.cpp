@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 #include "support/SimServices.h"
 
@@ -23,12 +24,12 @@ class ClockTimerTest : public testing::Test {
       told.push_back(now.seconds - kNoon);
       at.push_back(test.sim.world.now().seconds - kNoon);
       test.order.push_back(this);
-      if (action) action();
+      if (const Task once = std::exchange(action, {})) once();
     }
     ClockTimerTest& test;
     std::vector<double> told;
     std::vector<double> at;
-    Task action;
+    Task action;  ///< runs at the next telling alone
   };
 
   /// The clock thread runs and has nothing to show.
@@ -133,15 +134,11 @@ TEST_F(ClockTimerTest, DisplaysMayComeAndGoWhileTheyAreTold) {
   sim.world.runUntilIdle();
   order.clear();
   Display late{*this};
-  first.action = [&] {
-    first.action = {};
-    clock->removeClockFace(first);
-    clock->removeTimeDelegate(third);
-  };
+  first.action = [&] { clock->removeClockFace(first); };
   second.action = [&] {
-    second.action = {};
     clock->addTimeDelegate(late);
     clock->removeTimeDelegate(second);
+    clock->removeTimeDelegate(third);
   };
   clock->tick();
   clock->tick();

@@ -69,7 +69,7 @@ TEST(DataDecoder, EveryCutIsFound) {
 
 TEST(DataDecoder, EveryLengthByte) {
   for (int byte = 0; byte < 256; ++byte) {
-    const int length = static_cast<std::int8_t>(byte);
+    const int length = byte < 128 ? byte : byte - 256;  // a signed byte
     Bytes bytes(10, 0x81);
     bytes[0] = static_cast<std::uint8_t>(byte);
     const auto consumes = [&](auto read, bool allowed) {

@@ -6,12 +6,15 @@
 namespace tarvel::demo {
 namespace {
 
+const QColor kSkin(226, 184, 154);
+const QColor kHair(58, 44, 40);
+
 void fillIce(Canvas& canvas, int scratches) {
   canvas.fillDown({0, 0, canvas.width, canvas.height}, canvas.color(0, 0.38, 0.86),
                   canvas.color(16, 0.44, 0.95));
   for (int i = 0; i < scratches; ++i) {
     QPainterPath scratch;
-    const QPointF from(canvas.random.between(-100, canvas.width), canvas.random.between(0, canvas.height));
+    const QPointF from = canvas.pointIn({-100, 0, canvas.width + 100, canvas.height});
     const double length = canvas.random.between(160, 620);
     const double bend = canvas.random.between(-160, 160);
     scratch.moveTo(from);
@@ -60,9 +63,7 @@ void drawBoot(Canvas& canvas, const QColor& leather) {
   canvas.fill(blade, steelShade);
 }
 
-}  // namespace
-
-void drawSkater(Canvas& canvas) {
+void drawTracedRings(Canvas& canvas) {
   fillIce(canvas, 26);
   canvas.glow({540, 560}, 640, QColor(255, 255, 255, 190));
   // The figure on the ice behind the skater: rings, one into the other.
@@ -71,9 +72,9 @@ void drawSkater(Canvas& canvas) {
     ring.addEllipse(QPointF(540 + 12 * i, 1240 + 10 * i), 400 - 62 * i, 176 - 28 * i);
     canvas.stroke(ring, canvas.color(0, 0.42, 0.62, 0.55), 6);
   }
-  const QColor dress = canvas.accent(0, 0.52, 0.44);
-  const QColor skin(226, 184, 154);
-  const QColor hair = QColor(58, 44, 40);
+}
+
+void drawLegs(Canvas& canvas) {
   canvas.painter.setBrush(QColor(70, 100, 140, 60));
   canvas.painter.drawEllipse(QPointF(560, 1236), 190, 26);
   // Standing leg, free leg stretched behind, arms wide: a spiral.
@@ -94,6 +95,10 @@ void drawSkater(Canvas& canvas) {
     canvas.painter.fillRect(QRectF(-36, 18, 98, 6), QColor(128, 142, 160));
     canvas.painter.restore();
   }
+}
+
+void drawDress(Canvas& canvas) {
+  const QColor dress = canvas.accent(0, 0.52, 0.44);
   QPainterPath torso;
   torso.moveTo(500, 860);
   torso.cubicTo(520, 740, 600, 640, 690, 590);
@@ -108,12 +113,15 @@ void drawSkater(Canvas& canvas) {
   skirt.lineTo(628, 800);
   skirt.closeSubpath();
   canvas.fill(skirt, dress.lighter(122));
+}
+
+void drawArms(Canvas& canvas) {
   QPainterPath arms;
   arms.moveTo(664, 640);
   arms.cubicTo(760, 600, 850, 580, 950, 590);
   arms.moveTo(648, 650);
   arms.cubicTo(570, 600, 480, 540, 400, 470);
-  canvas.stroke(arms, skin, 30);
+  canvas.stroke(arms, kSkin, 30);
   canvas.stroke(
       [] {
         QPainterPath neck;
@@ -121,18 +129,86 @@ void drawSkater(Canvas& canvas) {
         neck.lineTo(728, 552);
         return neck;
       }(),
-      skin, 34);
-  canvas.painter.setBrush(skin);
+      kSkin, 34);
+}
+
+void drawHead(Canvas& canvas) {
+  canvas.painter.setBrush(kSkin);
   canvas.painter.drawEllipse(QPointF(752, 506), 56, 62);
   QPainterPath hairdo;
   hairdo.moveTo(800, 478);
   hairdo.arcTo(QRectF(690, 434, 120, 128), 25, 190);
   hairdo.quadTo(740, 520, 760, 470);
   hairdo.closeSubpath();
-  canvas.fill(hairdo, hair);
-  canvas.painter.setBrush(hair);
+  canvas.fill(hairdo, kHair);
+  canvas.painter.setBrush(kHair);
   canvas.painter.drawEllipse(QPointF(686, 470), 28, 28);
   drawSnowfall(canvas, 50, {0, 0, canvas.width, 900});
+}
+
+void drawCircle(Canvas& canvas) {
+  fillIce(canvas, 46);
+  QPainterPath circle;
+  circle.addEllipse(QPointF(620, 700), 700, 300);
+  canvas.stroke(circle, QColor(206, 60, 66, 190), 22);
+  canvas.painter.fillRect(QRectF(0, 150, canvas.width, 34), QColor(48, 98, 190, 120));
+  canvas.painter.setBrush(QColor(206, 60, 66, 200));
+  canvas.painter.drawEllipse(QPointF(620, 716), 120, 52);
+}
+
+/// From the upper right corner, its blade on the ice.
+void drawStick(Canvas& canvas) {
+  canvas.stroke(
+      [] {
+        QPainterPath shadow;
+        shadow.moveTo(1640, 190);
+        shadow.lineTo(930, 800);
+        shadow.lineTo(640, 834);
+        return shadow;
+      }(),
+      QColor(50, 80, 120, 60), 40);
+  QPainterPath shaft;
+  shaft.moveTo(1640, 80);
+  shaft.lineTo(940, 760);
+  canvas.stroke(shaft, QColor(150, 112, 78), 42);
+  QPainterPath grip;
+  grip.moveTo(1400, 313);
+  grip.lineTo(1200, 507);
+  canvas.stroke(grip, canvas.accent(0, 0.55, 0.50), 44);
+  QPainterPath blade;
+  blade.moveTo(952, 726);
+  blade.quadTo(900, 790, 690, 790);
+  blade.quadTo(650, 830, 700, 846);
+  blade.quadTo(900, 862, 985, 780);
+  blade.closeSubpath();
+  canvas.fill(blade, QColor(40, 44, 54));
+}
+
+void drawDisc(Canvas& canvas) {
+  canvas.painter.setBrush(QColor(40, 70, 110, 60));
+  canvas.painter.drawEllipse(QPointF(540, 806), 150, 44);
+  QPainterPath side;
+  side.moveTo(400, 730);
+  side.lineTo(400, 784);
+  side.arcTo(QRectF(400, 740, 260, 88), 180, 180);
+  side.lineTo(660, 730);
+  side.closeSubpath();
+  canvas.fill(side, QColor(22, 24, 30));
+  canvas.painter.setBrush(QColor(52, 56, 66));
+  canvas.painter.drawEllipse(QPointF(530, 730), 130, 44);
+  QPainterPath mark;
+  mark.addEllipse(QPointF(530, 730), 84, 27);
+  canvas.stroke(mark, canvas.accent(0, 0.50, 0.66), 6);
+}
+
+}  // namespace
+
+void drawSkater(Canvas& canvas) {
+  drawTracedRings(canvas);
+  drawLegs(canvas);
+  drawDress(canvas);
+  drawArms(canvas);
+  drawHead(canvas);
 }
 
 void drawSkates(Canvas& canvas) {
@@ -171,52 +247,9 @@ void drawSkates(Canvas& canvas) {
 }
 
 void drawPuck(Canvas& canvas) {
-  fillIce(canvas, 46);
-  QPainterPath circle;
-  circle.addEllipse(QPointF(620, 700), 700, 300);
-  canvas.stroke(circle, QColor(206, 60, 66, 190), 22);
-  canvas.painter.fillRect(QRectF(0, 150, canvas.width, 34), QColor(48, 98, 190, 120));
-  canvas.painter.setBrush(QColor(206, 60, 66, 200));
-  canvas.painter.drawEllipse(QPointF(620, 716), 120, 52);
-  // Shaft and blade of a stick, from the upper right corner.
-  canvas.stroke(
-      [] {
-        QPainterPath shadow;
-        shadow.moveTo(1640, 190);
-        shadow.lineTo(930, 800);
-        shadow.lineTo(640, 834);
-        return shadow;
-      }(),
-      QColor(50, 80, 120, 60), 40);
-  QPainterPath shaft;
-  shaft.moveTo(1640, 80);
-  shaft.lineTo(940, 760);
-  canvas.stroke(shaft, QColor(150, 112, 78), 42);
-  QPainterPath grip;
-  grip.moveTo(1400, 313);
-  grip.lineTo(1200, 507);
-  canvas.stroke(grip, canvas.accent(0, 0.55, 0.50), 44);
-  QPainterPath blade;
-  blade.moveTo(952, 726);
-  blade.quadTo(900, 790, 690, 790);
-  blade.quadTo(650, 830, 700, 846);
-  blade.quadTo(900, 862, 985, 780);
-  blade.closeSubpath();
-  canvas.fill(blade, QColor(40, 44, 54));
-  canvas.painter.setBrush(QColor(40, 70, 110, 60));
-  canvas.painter.drawEllipse(QPointF(540, 806), 150, 44);
-  QPainterPath side;
-  side.moveTo(400, 730);
-  side.lineTo(400, 784);
-  side.arcTo(QRectF(400, 740, 260, 88), 180, 180);
-  side.lineTo(660, 730);
-  side.closeSubpath();
-  canvas.fill(side, QColor(22, 24, 30));
-  canvas.painter.setBrush(QColor(52, 56, 66));
-  canvas.painter.drawEllipse(QPointF(530, 730), 130, 44);
-  QPainterPath mark;
-  mark.addEllipse(QPointF(530, 730), 84, 27);
-  canvas.stroke(mark, canvas.accent(0, 0.50, 0.66), 6);
+  drawCircle(canvas);
+  drawStick(canvas);
+  drawDisc(canvas);
 }
 
 }  // namespace tarvel::demo

@@ -35,6 +35,27 @@ void drawLightChain(Canvas& canvas, QPointF from, QPointF to, double sag) {
   }
 }
 
+void drawPondIce(Canvas& canvas, QPointF moon) {
+  QPainterPath ice;
+  ice.addEllipse(QPointF(800, 850), 900, 270);
+  QLinearGradient shine(0, 590, 0, 1066);
+  shine.setColorAt(0, canvas.color(40, 0.42, 0.78));
+  shine.setColorAt(1, canvas.color(0, 0.46, 0.52));
+  canvas.fill(ice, shine);
+  canvas.painter.save();
+  canvas.painter.setClipPath(ice);
+  canvas.glow({moon.x(), 720}, 330, QColor(255, 248, 225, 110));
+  for (int i = 0; i < 9; ++i) {
+    QPainterPath trace;
+    const double y = canvas.random.between(700, 1010);
+    const double x = canvas.random.between(100, 1000);
+    trace.moveTo(x, y);
+    trace.cubicTo(x + 170, y - 60, x + 260, y + 70, x + 430, y - 10);
+    canvas.stroke(trace, QColor(255, 255, 255, 90), 3);
+  }
+  canvas.painter.restore();
+}
+
 }  // namespace
 
 void drawBuilding(Canvas& canvas) {
@@ -65,8 +86,8 @@ void drawBuilding(Canvas& canvas) {
   canvas.fill(outline({{690, 590}, {910, 590}, {890, 556}, {710, 556}}), canvas.accent(40, 0.55, 0.48));
   canvas.fill(outline({{715, 800}, {885, 800}, {1010, 1066}, {590, 1066}}), canvas.color(0, 0.12, 0.80));
   for (const double x : {90.0, 190.0, 1420.0, 1530.0}) {
-    drawFir(canvas, {x, ground + canvas.random.between(10, 50)}, canvas.random.between(260, 400),
-            canvas.color(-62, 0.26, 0.28));
+    const double foot = ground + canvas.random.between(10, 50);
+    drawFir(canvas, {x, foot}, canvas.random.between(260, 400), canvas.color(-62, 0.26, 0.28));
   }
   drawSnowfall(canvas, 110, {0, 0, canvas.width, canvas.height});
 }
@@ -77,8 +98,7 @@ void drawPond(Canvas& canvas) {
   for (int i = 0; i < 60; ++i) {
     const double radius = canvas.random.between(0.8, 2.4);
     canvas.painter.setBrush(QColor(255, 255, 255, 190));
-    canvas.painter.drawEllipse(QPointF(canvas.random.between(0, canvas.width), canvas.random.between(0, 330)),
-                               radius, radius);
+    canvas.painter.drawEllipse(canvas.pointIn({0, 0, canvas.width, 330}), radius, radius);
   }
   const QPointF moon(canvas.random.between(1040, 1340), 170);
   canvas.glow(moon, 230, QColor(255, 247, 220, 120));
@@ -86,29 +106,13 @@ void drawPond(Canvas& canvas) {
   canvas.painter.drawEllipse(moon, 62, 62);
   drawBackdrop(canvas, shore - 10, 0.42);
   canvas.fill(ridge(canvas, shore - 20, 14, 7), QColor(228, 236, 246));
-  QPainterPath ice;
-  ice.addEllipse(QPointF(800, 850), 900, 270);
-  QLinearGradient shine(0, 590, 0, 1066);
-  shine.setColorAt(0, canvas.color(40, 0.42, 0.78));
-  shine.setColorAt(1, canvas.color(0, 0.46, 0.52));
-  canvas.fill(ice, shine);
-  canvas.painter.save();
-  canvas.painter.setClipPath(ice);
-  canvas.glow({moon.x(), 720}, 330, QColor(255, 248, 225, 110));
-  for (int i = 0; i < 9; ++i) {
-    QPainterPath trace;
-    const double y = canvas.random.between(700, 1010);
-    const double x = canvas.random.between(100, 1000);
-    trace.moveTo(x, y);
-    trace.cubicTo(x + 170, y - 60, x + 260, y + 70, x + 430, y - 10);
-    canvas.stroke(trace, QColor(255, 255, 255, 90), 3);
-  }
-  canvas.painter.restore();
+  drawPondIce(canvas, moon);
   for (int i = 0; i < 15; ++i) {
     const bool left = i % 2 == 0;
     const double x = left ? canvas.random.between(-20, 430) : canvas.random.between(1190, 1620);
-    drawFir(canvas, {x, shore + canvas.random.between(-15, 45)}, canvas.random.between(190, 400),
-            canvas.color(-50, 0.34, canvas.random.between(0.13, 0.20)));
+    const double foot = shore + canvas.random.between(-15, 45);
+    const double height = canvas.random.between(190, 400);
+    drawFir(canvas, {x, foot}, height, canvas.color(-50, 0.34, canvas.random.between(0.13, 0.20)));
   }
   drawLightChain(canvas, {230, 330}, {820, 300}, 150);
   drawLightChain(canvas, {820, 300}, {1400, 340}, 150);

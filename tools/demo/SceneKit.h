@@ -24,6 +24,7 @@ struct Canvas {
   void fillDown(const QRectF& rect, const QColor& top, const QColor& bottom) const;
   void fill(const QPainterPath& path, const QBrush& brush) const;
   void stroke(const QPainterPath& path, const QColor& color, double lineWidth) const;
+  QPointF pointIn(const QRectF& where);
   void glow(QPointF center, double radius, const QColor& color) const;
 };
 

@@ -90,6 +90,11 @@ void Canvas::glow(QPointF center, double radius, const QColor& glowColor) const 
   painter.fillRect(QRectF(center.x() - radius, center.y() - radius, 2 * radius, 2 * radius), gradient);
 }
 
+QPointF Canvas::pointIn(const QRectF& where) {
+  const double x = random.between(where.left(), where.right());
+  return {x, random.between(where.top(), where.bottom())};
+}
+
 QPainterPath outline(std::initializer_list<QPointF> points) {
   QPainterPath path;
   path.addPolygon(QPolygonF(QList<QPointF>(points)));
@@ -127,8 +132,7 @@ void drawFir(const Canvas& canvas, QPointF foot, double height, const QColor& co
 void drawSnowfall(Canvas& canvas, int flakes, const QRectF& where) {
   for (int i = 0; i < flakes; ++i) {
     const double radius = canvas.random.between(1.5, 4.5);
-    const QPointF center(canvas.random.between(where.left(), where.right()),
-                         canvas.random.between(where.top(), where.bottom()));
+    const QPointF center = canvas.pointIn(where);
     canvas.painter.setBrush(QColor(255, 255, 255, static_cast<int>(canvas.random.between(70, 200))));
     canvas.painter.drawEllipse(center, radius, radius);
   }

@@ -1,6 +1,7 @@
 #include "platform/posix/PosixThreads.h"
 
 #include <pthread.h>
+#include <unistd.h>
 
 #include <condition_variable>
 #include <thread>
@@ -83,7 +84,8 @@ std::unique_ptr<LoopThread> PosixThreads::start(std::string name, std::function<
 }
 
 void PosixThreads::nameCurrentThread(const std::string& name) {
-  nameThread(name);
+  // The system knows the process by its first thread's name; `ps` and `pkill` shall go on finding the program.
+  if (::gettid() != ::getpid()) nameThread(name);
 }
 
 }  // namespace tarvel

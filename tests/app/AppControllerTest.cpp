@@ -1,0 +1,263 @@
+#include "app/AppController.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "FakeWindows.h"
+#include "app/Globals.h"
+#include "support/PublishedSite.h"
+#include "support/SimServices.h"
+
+namespace tarvel {
+namespace {
+
+using Dictionary = PropertyList::Dictionary;
+using Array = PropertyList::Array;
+using Lines = std::vector<std::string>;
+
+constexpr const char* kStore = "/data/Tarvel";
+constexpr const char* kStateFile = "/data/Tarvel/appState.plist";
+constexpr const char* kTodayClass = "TodayWindowController";
+constexpr const char* kLogClass = "LogWindowController";
+
+class NoWorkspace : public Workspace {
+ public:
+  bool openUrl(const std::string&) override { return false; }
+  std::unique_ptr<Subscription> onWake(std::function<void()>) override { return nullptr; }
+};
+
+WindowKinds fakeKinds() {
+  const auto kind = [](const char* name, WindowKind::ComesBack comesBack) {
+    return WindowKind{name, "WindowController",
+                      [name](const WindowContext& context) {
+                        return std::make_unique<KeepingController>(context.application, name, SaveFrame::yes);
+                      },
+                      comesBack};
+  };
+  return {kind(kMainWindowClass, WindowKind::ComesBack::yes), kind(kTodayClass, WindowKind::ComesBack::yes),
+          kind(kLogClass, WindowKind::ComesBack::no)};
+}
+
+class AppControllerTest : public testing::Test {
+ protected:
+  AppControllerTest() { site_.serveOn(sim_.http); }
+  ~AppControllerTest() override {
+    app_.reset();
+    sim_.world.runUntilIdle();
+  }
+
+  AppSetup setup() {
+    return {sim_.services, workspace_, census_, kStore, site_.server, kAppInfo, fakeKinds()};
+  }
+  void launch() {
+    app_ = std::make_unique<AppController>(setup());
+    app_->applicationWillFinishLaunching();
+    app_->applicationDidFinishLaunching();
+    app_->applicationDidBecomeActive();
+  }
+  void quit() {
+    app_->applicationWillTerminate();
+    app_.reset();
+    sim_.world.runUntilIdle();
+  }
+  void storeState(const Dictionary& state) {
+    ASSERT_TRUE(sim_.disk.createFolders(kStore));
+    ASSERT_TRUE(StateFile(sim_.disk, kStore).write(state));
+  }
+  Dictionary storedState() { return StateFile(sim_.disk, kStore).read().value_or(Dictionary{}); }
+  /// What the windows are marked with, front one first.
+  static Lines windowMarks() {
+    Lines marks;
+    for (const Window* window : Window::orderedWindows()) {
+      const auto* controller = dynamic_cast<KeepingController*>(window->delegate());
+      marks.push_back(controller->className() + " " + textAt(controller->settings, "mark").value_or("new"));
+    }
+    return marks;
+  }
+  static Dictionary window(const char* className, const char* mark) {
+    return {{"className", className}, {"mark", mark}};
+  }
+  /// The printed lines from that one on.
+  Lines linesFrom(const std::string& first) const {
+    const Lines lines = sim_.console.lines();
+    return {std::find(lines.begin(), lines.end(), first), lines.end()};
+  }
+
+  SimServices sim_;
+  PublishedSite site_ = PublishedSite::sample();
+  NoWorkspace workspace_;
+  ObserverCensus census_;
+  std::unique_ptr<AppController> app_;
+};
+
+TEST_F(AppControllerTest, AFirstStart) {
+  launch();
+  EXPECT_EQ(sim_.console.lines().at(0), "gAppSupportURL = /data/Tarvel");
+  EXPECT_EQ(sim_.console.lines().at(1), "----- Launch Tarvel 6.1.0 -----");
+  EXPECT_EQ(windowMarks(), Lines{"MainWindowController new"});
+  const auto* main = dynamic_cast<KeepingController*>(app_->windowControllers.front().get());
+  EXPECT_EQ(main->calls, Lines{"default"});
+  EXPECT_EQ(gAppController, app_.get());
+  EXPECT_EQ(gDataModel, app_->dataModel());
+
+  const auto asked = [this](const char* path) { return sim_.http.requestCount(site_.server + path); };
+  sim_.world.runFor(1.9);
+  EXPECT_EQ(sim_.world.threadNames(), (Lines{"Main Thread", "Clock Update Thread"}));
+  EXPECT_EQ(asked("/defs.b1"), 1U);
+  EXPECT_EQ(asked("/rinks.b1"), 1U);
+  EXPECT_EQ(asked("/root.b1"), 0U);
+  sim_.world.runFor(0.2);
+  EXPECT_EQ(asked("/root.b1"), 1U);
+}
+
+TEST_F(AppControllerTest, WindowsComeBackInTheirStackingOrder) {
+  storeState({{"openWindows",
+               Array{window(kTodayClass, "a"), window("ForgottenController", "x"),
+                     window(kMainWindowClass, "b"), window(kLogClass, "y"), window(kTodayClass, "c")}},
+              {"kioskMode", true},
+              {"skipBetaCycle", 5}});
+  launch();
+  EXPECT_EQ(windowMarks(),
+            (Lines{"TodayWindowController c", "MainWindowController b", "TodayWindowController a"}));
+  EXPECT_TRUE(gKioskMode);
+  app_->applicationDidBecomeActive();
+  EXPECT_EQ(windowMarks().size(), 3U) << "only the first activation opens them";
+  quit();
+  EXPECT_EQ(integerAt(storedState(), "skipBetaCycle"), 5);
+  EXPECT_EQ(booleanAt(storedState(), "kioskMode"), true);
+  gKioskMode = false;
+}
+
+TEST_F(AppControllerTest, AnActivationWithoutWindowsOpensTheMainWindow) {
+  storeState({{"openWindows", Array{window("ForgottenController", "x")}}});
+  launch();
+  EXPECT_EQ(windowMarks(), Lines{"MainWindowController new"});
+  Window::orderedWindows().front()->hide();
+  app_->applicationDidBecomeActive();
+  EXPECT_EQ(windowMarks(), Lines{"MainWindowController new"});
+}
+
+using AppControllerDeathTest = AppControllerTest;
+
+TEST_F(AppControllerDeathTest, AnOpenWindowWithoutItsClassStopsTheProgram) {
+  storeState({{"openWindows", Array{Dictionary{{"mark", "a"}}}}});
+  EXPECT_DEATH(launch(), "Fatal error");
+}
+
+TEST_F(AppControllerDeathTest, InconsistentNumbersStopItBeforeAnythingIsRead) {
+  const auto start = [this] {
+    AppSetup wrong = setup();
+    wrong.info.localizedVersion = "6.0.9";
+    sim_.disk.failOperation(1, MemoryFileSystem::Repeat::forEver, {MemoryFileSystem::Operation::read, ""});
+    AppController controller(wrong);
+    controller.applicationWillFinishLaunching();
+  };
+  EXPECT_DEATH(start(), "Fatal error.*inconsistent versions");
+}
+
+TEST_F(AppControllerTest, QuitsInOrderAndOnce) {
+  launch();
+  sim_.world.runFor(10.0);
+  ASSERT_TRUE(sim_.disk.write(join(kStore, "old.txt"), Bytes{1}));
+  gErrorLog->addMessage("something went wrong");
+  const std::size_t timersBefore = sim_.world.pendingTimers();
+  app_->applicationWillTerminate();
+  const Lines expected = {"saveAppState", "File saved: /data/Tarvel/appState.plist",
+                          "File written: /data/Tarvel/error-log.b1", "remove file: /data/Tarvel/old.txt",
+                          "----- Quit Tarvel -----"};
+  EXPECT_EQ(linesFrom("saveAppState"), expected);
+  EXPECT_TRUE(sim_.disk.info(join(kStore, "error-log.b1")));
+  EXPECT_LT(sim_.world.pendingTimers(), timersBefore);
+  app_->applicationWillTerminate();
+  EXPECT_EQ(linesFrom("saveAppState"), expected);
+  EXPECT_FALSE(app_->windowControllers.empty()) << "the windows stay as they are";
+}
+
+TEST_F(AppControllerTest, TheNextStartBringsTheWindowsBack) {
+  launch();
+  const auto open = [this](const char* name, const char* mark) {
+    const Dictionary settings = {{"mark", mark}};
+    app_->addWindowController(std::make_unique<KeepingController>(*app_, name, SaveFrame::yes), &settings,
+                              RestoreFrame::no)
+        .showWindow();
+  };
+  open(kLogClass, "l");
+  open(kTodayClass, "t");
+  app_->mainWindow();
+  Window::orderedWindows().front()->setFrame({120, 140, 420, 330});
+  const std::string place = Window::orderedWindows().front()->stringWithSavedFrame();
+  quit();
+
+  const Dictionary state = storedState();
+  const Array& windows = *arrayAt(state, "openWindows");
+  ASSERT_EQ(windows.size(), 2U) << "the log doesn't come back";
+  EXPECT_EQ(textAt(*windows[0].dictionary(), "className"), kTodayClass);
+  EXPECT_EQ(textAt(*windows[1].dictionary(), "frame"), place);
+  launch();
+  EXPECT_EQ(windowMarks(), (Lines{"MainWindowController new", "TodayWindowController t"}));
+  EXPECT_EQ(Window::orderedWindows().front()->stringWithSavedFrame(), place);
+}
+
+TEST_F(AppControllerTest, ChangesAreSavedAMinuteLater) {
+  launch();
+  sim_.world.runFor(300.0);
+  app_->isChanged = false;
+  ASSERT_TRUE(sim_.disk.remove(kStateFile) || true);
+  app_->markChanged();
+  sim_.world.runFor(50.0);
+  EXPECT_FALSE(sim_.disk.info(kStateFile));
+  sim_.world.runFor(20.0);
+  EXPECT_TRUE(sim_.disk.info(kStateFile));
+  EXPECT_FALSE(app_->isChanged);
+
+  ASSERT_TRUE(sim_.disk.remove(kStateFile));
+  gErrorLog->addMessage("something went wrong");
+  sim_.world.runFor(70.0);
+  EXPECT_TRUE(sim_.disk.info(join(kStore, "error-log.b1")));
+  EXPECT_FALSE(gErrorLog->logChanged);
+  EXPECT_FALSE(sim_.disk.info(kStateFile)) << "the state itself hasn't changed";
+}
+
+TEST_F(AppControllerTest, AChangeOfTheModelIsAChangeOfTheState) {
+  launch();
+  app_->isChanged = false;
+  app_->dataModel()->noteStateChanged();
+  EXPECT_TRUE(app_->isChanged);
+}
+
+TEST_F(AppControllerTest, ADiskThatRefusesIsToldInTheLogAlone) {
+  sim_.disk.setReadOnly(true);
+  launch();
+  const auto messages = [] {
+    Lines texts;
+    for (const LogMessage& message : gErrorLog->logMessages()) texts.push_back(message.msg);
+    return texts;
+  };
+  ASSERT_FALSE(messages().empty());
+  EXPECT_TRUE(messages().front().starts_with("Can not create directory: /data/Tarvel -- "))
+      << messages().front();
+  EXPECT_EQ(windowMarks(), Lines{"MainWindowController new"});
+  app_->saveAppState();
+  EXPECT_TRUE(messages().back().starts_with("Unable to save file: /data/Tarvel/appState.plist -- "));
+  quit();
+  EXPECT_EQ(sim_.console.lines().back(), "----- Quit Tarvel -----");
+}
+
+TEST_F(AppControllerTest, TheLogAsLastWindowBringsBackTheMainOne) {
+  launch();
+  app_->addWindowController(std::make_unique<KeepingController>(*app_, kLogClass, SaveFrame::yes), nullptr,
+                            RestoreFrame::yes)
+      .showWindow();
+  const auto closeFront = [] { Window::orderedWindows().front()->performClose(); };
+  app_->mainWindow();
+  closeFront();
+  EXPECT_EQ(windowMarks(), Lines{"LogWindowController new"});
+  closeFront();
+  EXPECT_EQ(windowMarks(), Lines{"MainWindowController new"});
+  closeFront();
+  EXPECT_TRUE(windowMarks().empty());
+}
+
+}  // namespace
+}  // namespace tarvel

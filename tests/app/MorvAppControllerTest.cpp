@@ -1,0 +1,210 @@
+#include "app/MorvAppController.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "FakeWindows.h"
+#include "app/Globals.h"
+#include "support/SimServices.h"
+
+namespace tarvel {
+namespace {
+
+using Dictionary = PropertyList::Dictionary;
+
+constexpr Rect kPlace{100, 150, 400, 300};
+
+class TestApp : public MorvAppController {
+ public:
+  using MorvAppController::MorvAppController;
+  void markChanged() override {}
+  void showDefaultWindow() override {
+    ++defaultsShown;
+    if (opensDefault) open<KeepingController>("Main").showWindow();
+  }
+  bool isDefaultWindow(const WindowController& controller) const override {
+    return controller.className() == "Main";
+  }
+
+  template <class Controller>
+  Controller& open(const char* name, const Dictionary* settings = nullptr,
+                   RestoreFrame restoreFrame = RestoreFrame::yes, SaveFrame saveFrame = SaveFrame::yes) {
+    auto made = std::make_unique<Controller>(*this, name, saveFrame);
+    made->window()->setFrame(kPlace);
+    return static_cast<Controller&>(addWindowController(std::move(made), settings, restoreFrame));
+  }
+
+  int defaultsShown = 0;
+  bool opensDefault = false;
+};
+
+ClassRegistry testClasses() {
+  ClassRegistry classes;
+  classes.add("Root", "");
+  classes.add("Main", "Root");
+  classes.add("Log", "Root");
+  return classes;
+}
+
+/// The saved form of a window that stands at that place.
+std::string frameText(const Rect& frame) {
+  Window window;
+  window.setFrame(frame);
+  return window.stringWithSavedFrame();
+}
+
+class MorvAppControllerTest : public testing::Test {
+ protected:
+  ~MorvAppControllerTest() override { settle(); }
+  void settle() {
+    sim_.world.runUntilIdle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  SimServices sim_;
+  TestApp app_{sim_.services, "/store", testClasses()};
+};
+
+TEST_F(MorvAppControllerTest, TellsItsFolder) {
+  EXPECT_EQ(gAppSupportURL, "/store");
+  EXPECT_TRUE(sim_.console.printed("gAppSupportURL = /store"));
+}
+
+TEST_F(MorvAppControllerTest, AFirstWindowBeginsWithItsDefaults) {
+  const auto& window = app_.open<KeepingController>("Main");
+  EXPECT_EQ(window.calls, std::vector<std::string>{"default"});
+  EXPECT_EQ(window.window()->frame(), kPlace);
+  EXPECT_EQ(app_.windowControllers.size(), 1U);
+}
+
+TEST_F(MorvAppControllerTest, SettingsGivenAreTaken) {
+  const Rect elsewhere{220, 180, 300, 250};
+  const Dictionary settings = {{"frame", frameText(elsewhere)}, {"size", 12}};
+  const auto& placed = app_.open<KeepingController>("Main", &settings);
+  EXPECT_EQ(placed.calls, std::vector<std::string>{"restore"});
+  EXPECT_EQ(placed.settings, (Dictionary{{"size", 12}}));
+  EXPECT_EQ(placed.window()->frame(), elsewhere);
+  const auto& unplaced = app_.open<KeepingController>("Main", &settings, RestoreFrame::no);
+  EXPECT_EQ(unplaced.window()->frame(), kPlace);
+  const auto& plain = app_.open<PlainController>("Log", &settings);
+  EXPECT_EQ(plain.window()->frame(), elsewhere);
+}
+
+TEST_F(MorvAppControllerTest, ASecondWindowCascadesOffTheFrontmostAndTakesItsSettings) {
+  app_.windowSettings["Main"] = Dictionary{{"size", 99}};
+  auto& behind = app_.open<KeepingController>("Main");
+  auto& front = app_.open<KeepingController>("Main");
+  behind.showWindow();
+  front.showWindow();
+  behind.settings = {{"size", 1}};
+  front.settings = {{"size", 2}};
+  front.window()->setFrame({300, 200, 350, 250});
+  const auto& second = app_.open<KeepingController>("Main");
+  EXPECT_EQ(second.settings, (Dictionary{{"size", 2}}));
+  const Rect sibling = front.window()->frame();
+  const Rect frame = second.window()->frame();
+  EXPECT_EQ((Size{frame.width, frame.height}), (Size{sibling.width, sibling.height}));
+  EXPECT_GT(frame.x, sibling.x);
+  EXPECT_LT(frame.maxY(), sibling.maxY());
+}
+
+TEST_F(MorvAppControllerTest, ASiblingWithoutSettingsLeavesThoseOfTheClass) {
+  const Rect elsewhere{220, 180, 300, 250};
+  app_.windowSettings["Log"] = Dictionary{{"frame", frameText(elsewhere)}};
+  app_.open<PlainController>("Log").showWindow();
+  const Rect sibling = app_.windowControllers.front()->window()->frame();
+  EXPECT_EQ(sibling, elsewhere) << "the first takes the frame of its class";
+  const auto& second = app_.open<PlainController>("Log");
+  EXPECT_NE(second.window()->frame(), sibling) << "the second is cascaded off it";
+}
+
+TEST_F(MorvAppControllerTest, AClosedWindowLeavesItsSettings) {
+  struct Case {
+    const char* what;
+    SaveFrame saveFrame;
+    Dictionary before;
+    Dictionary after;
+  };
+  const std::string now = frameText(kPlace);
+  const std::vector<Case> cases = {
+      {"with its frame", SaveFrame::yes, {{"frame", "old"}, {"size", 1}}, {{"frame", now}, {"size", 5}}},
+      {"with the frame of before",
+       SaveFrame::no,
+       {{"frame", "old"}, {"size", 1}},
+       {{"frame", "old"}, {"size", 5}}},
+      {"with no frame", SaveFrame::no, {}, {{"size", 5}}},
+  };
+  for (const Case& c : cases) {
+    app_.windowSettings.erase("Main");
+    auto& window = app_.open<KeepingController>("Main", &c.before, RestoreFrame::no, c.saveFrame);
+    if (!c.before.empty()) app_.windowSettings["Main"] = c.before;
+    window.showWindow();
+    window.settings = {{"size", 5}};
+    window.window()->performClose();
+    EXPECT_EQ(app_.windowSettings.at("Main"), PropertyList(c.after)) << c.what;
+    EXPECT_TRUE(app_.windowControllers.empty());
+  }
+  auto& plain = app_.open<PlainController>("Log", nullptr, RestoreFrame::no, SaveFrame::no);
+  plain.showWindow();
+  plain.window()->performClose();
+  EXPECT_EQ(app_.windowSettings.at("Log"), PropertyList(Dictionary{})) << "nothing to keep";
+}
+
+TEST_F(MorvAppControllerTest, AClosedControllerLivesToTheNextTurn) {
+  const int before = PlainController::alive;
+  app_.open<PlainController>("Log").showWindow();
+  app_.windowControllers.front()->window()->performClose();
+  EXPECT_EQ(PlainController::alive, before + 1);
+  settle();
+  EXPECT_EQ(PlainController::alive, before);
+}
+
+TEST_F(MorvAppControllerTest, TheLastAuxiliaryWindowBringsBackTheDefaultOne) {
+  app_.opensDefault = true;
+  auto& log = app_.open<PlainController>("Log");
+  auto& other = app_.open<PlainController>("Log");
+  log.showWindow();
+  other.showWindow();
+  log.window()->performClose();
+  EXPECT_EQ(app_.defaultsShown, 0) << "another window is left";
+  other.window()->performClose();
+  EXPECT_EQ(app_.defaultsShown, 1);
+  settle();
+  ASSERT_EQ(app_.windowControllers.size(), 1U);
+  app_.windowControllers.front()->window()->performClose();
+  EXPECT_EQ(app_.defaultsShown, 1) << "the default window itself leaves none";
+}
+
+TEST_F(MorvAppControllerTest, NoWindowComesBackAtTheEnd) {
+  app_.open<PlainController>("Log").showWindow();
+  app_.open<PlainController>("Log").showWindow();
+  app_.applicationWillTerminate();
+  EXPECT_TRUE(app_.terminating);
+  EXPECT_EQ(app_.defaultsShown, 0);
+  EXPECT_TRUE(app_.windowControllers.empty());
+}
+
+TEST_F(MorvAppControllerTest, BeingStartedOnceMoreShowsAWindow) {
+  EXPECT_FALSE(app_.applicationShouldHandleReopen(true));
+  EXPECT_EQ(app_.defaultsShown, 0);
+  EXPECT_FALSE(app_.applicationShouldHandleReopen(false));
+  EXPECT_EQ(app_.defaultsShown, 1);
+}
+
+TEST_F(MorvAppControllerTest, ClosingAllAsksEachWindow) {
+  class Stubborn : public PlainController {
+   public:
+    using PlainController::PlainController;
+    bool windowShouldClose() override { return false; }
+  };
+  app_.open<PlainController>("Log").showWindow();
+  const auto& stubborn = app_.open<Stubborn>("Log");
+  app_.open<PlainController>("Log").showWindow();
+  app_.closeAllWindows();
+  ASSERT_EQ(app_.windowControllers.size(), 1U);
+  EXPECT_EQ(app_.windowControllers.front().get(), &stubborn);
+}
+
+}  // namespace
+}  // namespace tarvel

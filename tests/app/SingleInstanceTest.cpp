@@ -1,0 +1,101 @@
+#include "app/SingleInstance.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QThread>
+#include <atomic>
+#include <filesystem>
+#include <memory>
+
+#include "platform/posix/PosixFileSystem.h"
+#include "support/TempFolder.h"
+
+namespace tarvel {
+namespace {
+
+using Outcome = SingleInstance::Outcome;
+
+class SingleInstanceTest : public testing::Test {
+ protected:
+  SingleInstanceTest() { qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(runtime_.path())); }
+  Path store() const { return folder_.path() + "/data/Tarvel"; }
+
+  /// Another start, on a thread of its own as it blocks, while this one's event loop runs.
+  Outcome claimFromOutside(const Path& store) {
+    std::atomic<bool> done = false;
+    Outcome outcome = Outcome::first;
+    const std::unique_ptr<QThread> other(QThread::create([&] {
+      SingleInstance second;
+      outcome = second.claim(files_, store);
+      done = true;
+    }));
+    other->start();
+    while (!done) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    other->wait();
+    return outcome;
+  }
+
+  TempFolder folder_;
+  TempFolder runtime_;
+  PosixFileSystem files_;
+};
+
+TEST_F(SingleInstanceTest, ASecondStartIsHandedOver) {
+  SingleInstance first;
+  int shown = 0;
+  first.showYourself = [&shown] { ++shown; };
+  ASSERT_EQ(first.claim(files_, store()), Outcome::first);
+  EXPECT_EQ(claimFromOutside(store()), Outcome::handedOver);
+  EXPECT_EQ(shown, 1);
+  std::filesystem::create_directory_symlink(store(), folder_.path() + "/link");
+  EXPECT_EQ(claimFromOutside(folder_.path() + "/link"), Outcome::handedOver)
+      << "the same store by another path";
+  EXPECT_EQ(claimFromOutside(folder_.path() + "/other"), Outcome::first) << "another store";
+}
+
+TEST_F(SingleInstanceTest, AStoreThatWasLeftIsFreeAgain) {
+  { EXPECT_EQ(SingleInstance().claim(files_, store()), Outcome::first); }
+  SingleInstance next;
+  EXPECT_EQ(next.claim(files_, store()), Outcome::first);
+}
+
+TEST_F(SingleInstanceTest, WhatACrashLeavesIsNoCopyThatRuns) {
+  const auto crash = [this] {
+    SingleInstance doomed;
+    if (doomed.claim(files_, store()) == Outcome::first) std::_Exit(7);
+  };
+  EXPECT_EXIT(crash(), testing::ExitedWithCode(7), "");
+  SingleInstance next;
+  int shown = 0;
+  next.showYourself = [&shown] { ++shown; };
+  ASSERT_EQ(next.claim(files_, store()), Outcome::first);
+  EXPECT_EQ(claimFromOutside(store()), Outcome::handedOver) << "the name of the socket is in use again";
+  EXPECT_EQ(shown, 1);
+}
+
+TEST_F(SingleInstanceTest, OneThatQuitsHandsTheStoreOn) {
+  auto first = std::make_unique<SingleInstance>();
+  ASSERT_EQ(first->claim(files_, store()), Outcome::first);
+  first->stopListening();
+  std::atomic<bool> done = false;
+  Outcome outcome = Outcome::noAnswer;
+  const std::unique_ptr<QThread> other(QThread::create([&] {
+    SingleInstance second;
+    outcome = second.claim(files_, store());
+    done = true;
+  }));
+  other->start();
+  EXPECT_FALSE(done);
+  first.reset();
+  other->wait();
+  EXPECT_EQ(outcome, Outcome::first);
+}
+
+TEST_F(SingleInstanceTest, AStoreThatCanNotBeMadeIsNobodys) {
+  SingleInstance instance;
+  EXPECT_EQ(instance.claim(files_, "/proc/nowhere/Tarvel"), Outcome::first);
+}
+
+}  // namespace
+}  // namespace tarvel

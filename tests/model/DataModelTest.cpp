@@ -1,0 +1,181 @@
+#include "ModelFixture.h"
+#include "support/CorruptBytes.h"
+
+namespace tarvel {
+namespace {
+
+using Dictionary = PropertyList::Dictionary;
+
+class DataModelTest : public ModelFixture {};
+
+TEST_F(DataModelTest, BuiltInSessionsServeUntilTheServersAreKnown) {
+  EXPECT_EQ(model.sessionName(17), "Meeting");
+  EXPECT_EQ(model.sessionColor(18), (Color{1.0, 0.15, 0.15, 1.0}));
+  EXPECT_EQ(model.sessionName(19), "");
+  EXPECT_EQ(model.sessionColor(-1), white(0.8));
+  PublishedSite published;
+  for (int i = 0; i < 18; ++i) published.sessions.push_back({"S" + std::to_string(i), white(i / 18.0)});
+  store("defs.b1", published.defs());
+  model.start(nullptr);
+  EXPECT_EQ(announced(), Texts{}) << "nothing observes yet";
+  EXPECT_EQ(model.sessionName(17), "S17");
+  EXPECT_EQ(model.sessionName(18), "");
+  EXPECT_EQ(model.sessionColor(17), white(17 / 18.0));
+  EXPECT_EQ(model.sessionColor(18), white(0.8));
+}
+
+TEST_F(DataModelTest, DefsAnnounceWhatDiffers) {
+  model.adoptDefs({{1.0}, {"A", "B"}, {white(0.1), white(0.2)}});
+  EXPECT_EQ(announced(), (Texts{"schedule names changed", "schedule colors changed"}));
+  model.adoptDefs({{2.0}, {"A", "B"}, {white(0.1), white(0.2)}});
+  EXPECT_EQ(announced(), Texts{});
+  model.adoptDefs({{3.0}, {"A", "B", "C"}, {white(0.1), white(0.2)}});
+  EXPECT_EQ(announced(), Texts{"schedule names changed"});
+  model.adoptDefs({{4.0}, {"A", "B", "C"}, {white(0.1), white(0.3)}});
+  EXPECT_EQ(announced(), Texts{"schedule colors changed"});
+}
+
+TEST_F(DataModelTest, AFirstStartAsksForBothFiles) {
+  model.start(nullptr);
+  EXPECT_EQ(taken(), (Texts{"/defs.b1", "/rinks.b1", "schedule"}));
+  EXPECT_FALSE(model.appIsLaunching);
+  EXPECT_TRUE(model.rinkList.empty());
+}
+
+TEST_F(DataModelTest, DamagedLocalFilesCountAsMissing) {
+  store("defs.b1", {1, 2});
+  store("rinks.b1", cutAt(site.rinkList(), 100));
+  model.start(nullptr);
+  EXPECT_EQ(taken(), (Texts{"/defs.b1", "/rinks.b1", "schedule"}));
+  EXPECT_FALSE(exists("defs.b1") || exists("rinks.b1")) << "their dates must not vouch for them";
+  ASSERT_EQ(log->logMessages().size(), 2U);
+  EXPECT_EQ(log->logMessages()[1].msg,
+            "Unable to decode file: " + kFolder + "/rinks.b1 -- the data ends early");
+}
+
+TEST_F(DataModelTest, TheOldCatalogueServesUntilTheNewOneIsThere) {
+  const std::string row =
+      R"({"rinkID": 12, "name": "Harbor", "street": "s", "city": "c", "state": "st", "zip": "z",
+          "phone": "(303) 555-0123", "latitude": 1.5, "longitude": -2, "timeZone": "Europe/Oslo",
+          "websiteUrl": "w", "serverUrl": "u", "dataPath": "d", "logoFileDate": 5.25, "logoFileSize": 6,
+          "darkLogoFileDate": 0, "darkLogoFileSize": 0, "more": []})";
+  std::string second = row;
+  second.replace(second.find("12"), 2, "7");
+  second.replace(second.find("(303) 555-0123"), 14, "no phone");
+  const std::string whole = R"({"fileDate": 1.5, "rinks": [)" + row + "," + second + "]}";
+  const auto readList = [&](const std::string& text) {
+    store("rinks2.json", Bytes(text.begin(), text.end()));
+    model.rinkList.clear();
+    model.start(nullptr);
+    EXPECT_EQ(taken(), (Texts{"/defs.b1", "/rinks.b1", "schedule"})) << "requested all the same";
+    return model.rinkList.size();
+  };
+  ASSERT_EQ(readList(whole), 2U);
+  EXPECT_EQ(static_cast<const RinkRecord&>(*model.rinkList[1]),
+            (RinkRecord{12, "Harbor", "s", "c", "st", "z", 0xA000003035550123ULL, 1.5, -2.0, "Europe/Oslo",
+                        "w", "u", "d", Instant{5.25}, 6, Instant{0.0}, 0}));
+  EXPECT_EQ(model.rinkList[0]->rinkID, 7) << "sorted";
+  EXPECT_EQ(model.rinkList[0]->phone, 0U);
+  EXPECT_TRUE(sim.console.printed("read file: rinks2.json " +
+                                  std::to_string(whole.size()).insert(1, whole.size() > 999 ? "," : "") +
+                                  " bytes"))
+      << whole.size();
+
+  const struct {
+    const char *from, *to;
+  } damages[] = {{"\"rinks\"", "\"list\""},
+                 {"\"fileDate\": 1.5", "\"fileDate\": \"1.5\""},
+                 {"\"zip\"", "\"zap\""},
+                 {"\"rinkID\": 12", "\"rinkID\": 12.5"},
+                 {"\"phone\": \"(", "\"phone\": 3, \"x\": \"("},
+                 {"[{", "[3, {"},
+                 {"]}", "]"},
+                 {"Harbor", "\xFF"}};
+  for (const auto& damage : damages) {
+    std::string text = whole;
+    const auto at = text.find(damage.from);
+    ASSERT_NE(at, std::string::npos) << damage.from;
+    text.replace(at, std::string_view(damage.from).size(), damage.to);
+    EXPECT_EQ(readList(text), 0U) << damage.to;
+  }
+  // A catalogue that is there but can't be read doesn't fall back on the old one.
+  store("rinks.b1", site.rinkList());
+  sim.disk.failOperation(1, MemoryFileSystem::Repeat::once, {MemoryFileSystem::Operation::read, "rinks.b1"});
+  EXPECT_EQ(readList(whole), 0U);
+}
+
+TEST_F(DataModelTest, TheStateComesBackAsItWasKept) {
+  store("defs.b1", site.defs(), site.defsDate.actual);
+  store("rinks.b1", site.rinkList(), site.rinksDate.actual);
+  Dictionary state{{"errorKind", 1},
+                   {"errorLog", "entry"},
+                   {"mismatchError", true},
+                   {"prevMismatchError", true},
+                   {"updateReminderDueDate", packedDate(2026, 3, 9)},
+                   {"applicationUpdateRequired", true},
+                   {"applicationWebsiteURL", "https://tarvel.test"},
+                   {"tarvelServerURL", "http://other.test"},
+                   {"lastRefreshTimeStamp", Instant{1.0}},
+                   {"errorTimeStamp", Instant{2.0}},
+                   {"defsFileDate", Instant{790'000'000.0}},
+                   {"rinksFileDate", Instant{1.0}}};
+  PropertyList::Array rinks;
+  for (const int rinkID : {12, 99, 7}) rinks.push_back(Dictionary{{"rinkID", rinkID}});
+  state["recentRinks"] = rinks;
+  model.start(&state);
+  EXPECT_EQ(taken(), (Texts{"12: schedule", "7: schedule", "schedule"})) << "99 has left the catalogue";
+  EXPECT_EQ(announced(), (Texts{"current date changed", "current time of day changed", "time zone changed",
+                                "current date changed", "current time of day changed", "time zone changed"}));
+  EXPECT_EQ(model.recentRinks[0]->rinkInfo(), model.rinkInfo(7));
+  EXPECT_EQ(model.defsFileDate, site.defsDate.actual) << "exact, by the stored file";
+  EXPECT_EQ(model.rinksFileDate, Instant{1.0});
+
+  Dictionary kept;
+  model.addToState(kept);
+  state["defsFileDate"] = site.defsDate.actual;
+  ASSERT_EQ(kept["recentRinks"].array()->size(), 2U);
+  EXPECT_EQ(kept["recentRinks"].array()->front(), PropertyList(model.recentRinks[0]->dictionary()));
+  state.erase("recentRinks");
+  kept.erase("recentRinks");
+  EXPECT_EQ(kept, state);
+}
+
+TEST_F(DataModelTest, StateKeysOfOtherTypesAreAsGoodAsMissing) {
+  store("rinks.b1", site.rinkList());
+  Dictionary state;
+  for (const char* key : {"errorKind", "errorLog", "mismatchError", "prevMismatchError",
+                          "updateReminderDueDate", "applicationUpdateRequired", "applicationWebsiteURL",
+                          "tarvelServerURL", "lastRefreshTimeStamp", "defsFileDate"}) {
+    state[key] = PropertyList::Array{};
+  }
+  state["recentRinks"] = PropertyList::Array{Dictionary{{"rinkID", 7}}, 3};
+  model.start(&state);
+  EXPECT_TRUE(model.recentRinks.empty()) << "no list of dictionaries";
+  Dictionary kept;
+  model.addToState(kept);
+  const Dictionary defaults{{"errorKind", 0},
+                            {"errorLog", ""},
+                            {"mismatchError", false},
+                            {"prevMismatchError", false},
+                            {"updateReminderDueDate", 0},
+                            {"applicationUpdateRequired", false},
+                            {"applicationWebsiteURL", ""},
+                            {"recentRinks", PropertyList::Array{}}};
+  EXPECT_EQ(kept, defaults) << "and an address equal to the default isn't kept";
+}
+
+TEST_F(DataModelTest, AskingForARinkTakesItIntoUse) {
+  model.mergeRinkList(decodeRinkList(site.rinkList()));
+  int changes = 0;
+  model.stateChanged = [&] { ++changes; };
+  const auto harbor = model.rinkData(12);
+  const auto arctic = model.rinkData(7);
+  EXPECT_EQ(model.rinkData(12), harbor);
+  EXPECT_EQ(model.recentRinks, (std::vector{arctic, harbor}));
+  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(arctic->rinkInfo()->name, "Arctic");
+  EXPECT_EQ(model.rinkInfo(8), nullptr);
+}
+
+}  // namespace
+}  // namespace tarvel

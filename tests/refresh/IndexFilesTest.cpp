@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include "foundation/DataEncoder.h"
+#include "foundation/DecodeError.h"
+#include "refresh/RootFile.h"
+#include "support/CorruptBytes.h"
+#include "support/PublishedSite.h"
+
+namespace tarvel {
+namespace {
+
+void putRelease(DataEncoder& encoder, const Release& release) {
+  encoder.putUInt32(release.date);
+  encoder.putInt64(release.appVersion);
+  encoder.putInt64(release.osMinimumVersion);
+  encoder.putString(release.url);
+}
+
+auto fieldsOf(const Release& release) {
+  return std::tie(release.date, release.appVersion, release.osMinimumVersion, release.url);
+}
+
+const Release kFirst{packedDate(2025, 1, 2), 5LL << 48, 1LL << 48, "https://a"};
+const Release kSecond{packedDate(2026, 1, 2), 6LL << 48, 2LL << 48, "https://b"};
+
+Bytes releaseTables() {
+  DataEncoder encoder;
+  encoder.putInt(2);
+  putRelease(encoder, kFirst);
+  putRelease(encoder, kSecond);
+  encoder.putInt(1);
+  putRelease(encoder, kFirst);
+  return encoder.data();
+}
+
+Bytes beta() {
+  DataEncoder encoder;
+  encoder.putBool(true);
+  putRelease(encoder, kSecond);
+  return encoder.data();
+}
+
+Bytes operator+(Bytes a, const Bytes& b) {
+  a.insert(a.end(), b.begin(), b.end());
+  return a;
+}
+
+TEST(RootFileTest, TheTailsAreOptional) {
+  PublishedSite site = PublishedSite::sample();
+  site.minimumVersion = 3;
+  const Bytes head = site.root();
+  const struct {
+    Bytes file;
+    std::size_t releases;
+    bool hasBeta;
+  } cases[] = {{head, 0, false},
+               {head + releaseTables(), 2, false},
+               {head + releaseTables() + Bytes{0}, 2, false},
+               {head + releaseTables() + beta(), 2, true}};
+  for (const auto& c : cases) {
+    const RootFile root = decodeRootFile(c.file);
+    EXPECT_EQ(root.currentVersion, 6LL << 48);
+    EXPECT_EQ(root.minimumVersion, 3);
+    EXPECT_EQ(root.applicationWebsiteURL, "https://tarvel.test");
+    ASSERT_EQ(root.files.size(), 3U);
+    EXPECT_EQ(root.files[2].relPath, "rinks.b1");
+    EXPECT_EQ(root.files[2].modDate, site.rinksDate.actual);
+    ASSERT_EQ(root.releases.size(), c.releases);
+    if (c.releases > 0) {
+      EXPECT_EQ(fieldsOf(root.releases[0]), fieldsOf(kFirst));
+      EXPECT_EQ(fieldsOf(root.releases[1]), fieldsOf(kSecond));
+    }
+    ASSERT_EQ(root.beta.has_value(), c.hasBeta);
+    EXPECT_EQ(fieldsOf(root.beta.value_or(kSecond)), fieldsOf(kSecond));
+  }
+}
+
+TEST(RootFileTest, AFileThatEndsWithinATailIsADecodeError) {
+  const Bytes head = PublishedSite::sample().root();
+  const Bytes tables = head + releaseTables();
+  const Bytes whole = tables + beta();
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    if (length == head.size() || length == tables.size()) continue;
+    EXPECT_THROW(decodeRootFile(cutAt(whole, length)), DecodeError) << length;
+  }
+  EXPECT_THROW(decodeRootFile(head + Bytes{4, 0xFF, 0xFF, 0xFF, 0x7F}), DecodeError);
+  EXPECT_THROW(decodeRootFile(head + Bytes{0, 4, 0xFF, 0xFF, 0xFF, 0x7F}), DecodeError);
+}
+
+TEST(RootFileDeathTest, ANegativeCountStopsTheProgram) {
+  const Bytes head = PublishedSite::sample().root();
+  EXPECT_DEATH(decodeRootFile(head + Bytes{0xFF, 0xFF}), "negative count");
+  EXPECT_DEATH(decodeRootFile(head + Bytes{0, 0xFF, 0xFF}), "negative count");
+  DataEncoder noFiles;
+  for (int i = 0; i < 5; ++i) noFiles.putInt(0);
+  noFiles.putInt(-2);
+  EXPECT_DEATH(decodeRootFile(noFiles.data()), "negative count");
+}
+
+TEST(MasterFileTest, NameAndDate) {
+  const Bytes file = PublishedSite::sample().rinks[0].master();
+  const MasterFile master = decodeMasterFile(file);
+  EXPECT_EQ(master.mainFileName, "main.b1");
+  EXPECT_EQ(master.mainFileDate, Instant{792'000'000.75});
+  for (std::size_t length = 0; length < file.size(); ++length)
+    EXPECT_THROW(decodeMasterFile(cutAt(file, length)), DecodeError) << length;
+}
+
+}  // namespace
+}  // namespace tarvel

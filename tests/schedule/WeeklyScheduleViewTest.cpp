@@ -1,0 +1,323 @@
+#include "schedule/WeeklyScheduleView.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+#include "Items.h"
+#include "ScheduleWorld.h"
+#include "schedule/WeeklyPainter.h"
+#include "ui/Window.h"
+
+namespace tarvel {
+namespace {
+
+using test::kWeekOf;
+using test::ScheduleWorld;
+
+class RecordingOwner : public ScheduleViewOwner {
+ public:
+  VerticalFit fitVertically() const override { return fit; }
+  double weeklyFontSize() const override { return 9.0; }
+  SessionTimes showSessionTimes() const override { return SessionTimes::hidden; }
+  ScheduleViewOption scheduleViewOption() const override { return ScheduleViewOption::weekly; }
+  std::shared_ptr<RinkData> currentRinkData() const override { return nullptr; }
+  bool isCurrentPage(const PagedView&) const override { return true; }
+  ColumnGeometry columnGeometry() const override { return {}; }
+  void redrawScheduleHeader() override {}
+  void updateDayRange() override { ++loads; }
+  bool itemInfoShown() const override { return infoShown; }
+  void showItemInfo(const std::string& text) override { info = text; }
+  PackedDate selectedDate() const override { return selected; }
+  void setSelectedDate(PackedDate date) override { selected = date; }
+  void gotoScheduleItem(std::int64_t id, PackedDate date, std::int64_t minute) override {
+    gone = {id, date, minute};
+  }
+
+  VerticalFit fit = VerticalFit::fit;
+  bool infoShown = true;
+  int loads = 0;  ///< a page that is current tells of each load
+  std::string info;
+  PackedDate selected = kNoDate;
+  std::tuple<std::int64_t, PackedDate, std::int64_t> gone;
+};
+
+class RecordingView : public WeeklyScheduleView {
+ public:
+  using WeeklyScheduleView::WeeklyScheduleView;
+  std::vector<Rect> dirties;
+
+ protected:
+  void draw(QPainter& painter, const Rect& dirty) override {
+    dirties.push_back(dirty);
+    WeeklyScheduleView::draw(painter, dirty);
+  }
+};
+
+constexpr int kWidth = 760;   // columns of 100 from x 48 on
+constexpr int kHeight = 594;  // half a pixel a minute from 5:00 at y 12 on
+
+/// A week in which Wednesday is today. Tuesday holds a public session from 10:00 to 12:00, Wednesday a
+/// freestyle from 15:00 to 16:00 and one from 17:00 on.
+class WeeklyScheduleViewTest : public testing::Test {
+ protected:
+  WeeklyScheduleViewTest() {
+    world.addRink(1, "Rink");
+    rink = world.openRink(1, {ScheduleWorld::venue(4, "Far", 2), ScheduleWorld::venue(7, "Near", 1)});
+    schedule()->adopt({{},
+                       {{SessionKind::publicSession, 2, 600, 120, "", ""},
+                        {SessionKind::freestyle, 3, 900, 60, "", ""},
+                        {SessionKind::freestyle, 3, 1020, 60, "", "bring gloves"}}});
+    window.resize(kWidth, kHeight);
+    view = new RecordingView(world.context, owner, &window);
+    view->resize(kWidth, kHeight);
+    window.makeKeyAndOrderFront();
+    settle();
+  }
+  ~WeeklyScheduleViewTest() override { view->close(); }
+
+  std::shared_ptr<WeeklySchedule> schedule() { return rink->venue(7)->weeklySchedule(kWeekOf); }
+  void showWeek() {
+    view->setChosenRink(rink);
+    view->setWeekContaining(packedDate(2026, 3, 18));
+    settle();
+  }
+  void settle() {
+    world.runUntilIdle();
+    QApplication::processEvents();
+  }
+  QImage picture() {
+    settle();
+    return view->grab().toImage().convertToFormat(QImage::Format_RGB32);
+  }
+  void post(NotificationName name, const std::shared_ptr<RinkData>& object, UserInfo userInfo = {}) {
+    world.sim.notifications.postNotification(name, object, std::move(userInfo));
+  }
+
+  ScheduleWorld world;
+  std::shared_ptr<RinkData> rink;
+  RecordingOwner owner;
+  Window window;
+  RecordingView* view = nullptr;
+};
+
+QColor built(SessionKind kind) {
+  return toQColor(kBuiltInSessions[static_cast<std::size_t>(kind)].color);
+}
+
+QColor blended(const QColor& under, const QColor& over) {
+  const double a = over.alphaF();
+  const auto mix = [a](int u, int o) { return static_cast<int>(u * (1 - a) + o * a + 0.5); };
+  return {mix(under.red(), over.red()), mix(under.green(), over.green()), mix(under.blue(), over.blue())};
+}
+
+void expectColor(const QImage& image, int x, int y, const QColor& expected) {
+  const QColor found = image.pixelColor(x, y);
+  const bool close = std::abs(found.red() - expected.red()) <= 3 &&
+                     std::abs(found.green() - expected.green()) <= 3 &&
+                     std::abs(found.blue() - expected.blue()) <= 3;
+  EXPECT_TRUE(close) << x << "," << y << ": " << found.name().toStdString() << " instead of "
+                     << expected.name().toStdString();
+}
+
+TEST_F(WeeklyScheduleViewTest, paintsSessionsPastDaysTodayTheMomentAndTheSelection) {
+  showWeek();
+  EXPECT_EQ(view->chosenVenueID(), 7) << "the first by display order";
+  view->setSelectedDate(packedDate(2026, 3, 20));
+  const QImage image = picture();
+  const QColor past = color(kPastBlend, Appearance::light);
+  expectColor(image, 260, 165, blended(built(SessionKind::publicSession), past));
+  expectColor(image, 360, 315, built(SessionKind::freestyle));
+  expectColor(image, 442, 374, blended(built(SessionKind::freestyle), toQColor(kNoteCornerColor)));
+  expectColor(image, 100, 400, blended(color(kScheduleBackground, Appearance::light), past));
+  expectColor(image, 500, 390, color(kScheduleBackground, Appearance::light));
+  for (int x = 345; x <= 351; ++x) expectColor(image, x, 450, Qt::black);  // today's frame is 7 wide
+  expectColor(image, 344, 450, color(kScheduleBackground, Appearance::light));
+  expectColor(image, 450, 450, Qt::black);
+  expectColor(image, 400, 161, blended(Qt::white, toQColor(kTimeMarkerColor)));  // 10:00
+  expectColor(image, 548, 430, color(kSelectedContentBackground, Appearance::light));
+  ASSERT_TRUE(view->timeMarkerView());
+  EXPECT_EQ(view->timeMarkerView()->markerRect(), (Rect{335.0, 153.0, 126.0, 18.0}));
+}
+
+TEST_F(WeeklyScheduleViewTest, saysWhatStandsInTheWayOfAWeek) {
+  struct Case {
+    const char* what;
+    std::function<void()> prepare;
+    std::function<void(QPainter&)> paint;
+  };
+  const Size size{kWidth, kHeight};
+  const auto message = [size](const char* text) {
+    return [=](QPainter& painter) { paintScheduleMessage(painter, text, size, Appearance::light); };
+  };
+  const Case cases[] = {
+      {"no rink", [] {}, message("No Rink Selected")},
+      {"requested",
+       [&] {
+         showWeek();
+         schedule()->setDownloadStatus(DownloadStatus::requested());
+       },
+       message("Download in progress...")},
+      {"invalid",
+       [&] {
+         schedule()->setDownloadStatus({DownloadStatus::Kind::invalidData, {}});
+       },
+       message("Invalid Data Received")},
+      {"failed", [&] { schedule()->setDownloadStatus(DownloadStatus::failed("Not found\n(404)")); },
+       [size](QPainter& painter) {
+         paintScheduleFailure(painter, "Download Failed\nNot found\n(404)", size, Appearance::light);
+       }},
+      {"a week that isn't offered: background alone",
+       [&] { view->setWeekContaining(packedDate(2026, 4, 8)); }, [](QPainter&) {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    c.prepare();
+    const QImage found = picture();
+    QImage expected(kWidth, kHeight, QImage::Format_RGB32);
+    expected.fill(color(kScheduleBackground, Appearance::light));
+    QPainter painter(&expected);
+    c.paint(painter);
+    painter.end();
+    // A message is somewhere in the middle; the marker of the moment may stand elsewhere.
+    const QRect middle(100, kHeight / 2 - 40, kWidth - 200, 80);
+    EXPECT_TRUE(found.copy(middle) == expected.copy(middle));
+  }
+}
+
+TEST_F(WeeklyScheduleViewTest, aBurstOfChangesIsOneLoad) {
+  showWeek();
+  owner.loads = 0;
+  for (int i = 0; i < 1000; ++i) post(kSchedulesChanged, rink);
+  settle();
+  EXPECT_EQ(owner.loads, 1);
+}
+
+TEST_F(WeeklyScheduleViewTest, aPageOutOfSightWaitsUntilItIsPresented) {
+  view->setPresented(false);
+  owner.loads = 0;
+  showWeek();
+  post(kVenuesChanged, rink);
+  settle();
+  EXPECT_EQ(owner.loads, 0);
+  view->setPresented(true);
+  settle();
+  EXPECT_EQ(owner.loads, 1);
+  EXPECT_EQ(view->scheduleItems().size(), 3U);
+}
+
+TEST_F(WeeklyScheduleViewTest, hearsOnlyOfItsRinkVenueAndWeek) {
+  showWeek();
+  world.addRink(2, "Other");
+  const auto other = world.openRink(2, {});
+  const auto week = [](std::int64_t venueID, PackedDate weekOf) {
+    return UserInfo{{std::string(kVenueIDKey), venueID}, {std::string(kWeekOfKey), weekOf}};
+  };
+  struct Case {
+    NotificationName name;
+    std::shared_ptr<RinkData> object;
+    UserInfo userInfo;
+    int loads;
+  };
+  const Case cases[] = {
+      {kVenuesChanged, rink, {}, 1},
+      {kVenuesChanged, other, {}, 0},
+      {kSchedulesChanged, other, {}, 0},
+      {kWeeklyScheduleChanged, rink, week(7, kWeekOf), 1},
+      {kWeeklyScheduleChanged, rink, week(4, kWeekOf), 0},
+      {kWeeklyScheduleChanged, rink, week(7, addDays(kWeekOf, 7)), 0},
+      {kWeeklyScheduleChanged, other, week(7, kWeekOf), 0},
+      {kScheduleColorsChanged, nullptr, {}, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name.text);
+    settle();
+    owner.loads = 0;
+    post(c.name, c.object, c.userInfo);
+    settle();
+    EXPECT_EQ(owner.loads, c.loads);
+  }
+  owner.loads = 0;
+  world.workspace.wake();
+  settle();
+  EXPECT_EQ(owner.loads, 1) << "after sleep the files may be others";
+  view->close();
+  post(kSchedulesChanged, rink);
+  settle();
+  EXPECT_EQ(owner.loads, 1) << "a closed view hears nothing";
+}
+
+TEST_F(WeeklyScheduleViewTest, aMinuteRedrawsNoMoreThanTheMarkersPlace) {
+  showWeek();
+  settle();
+  view->dirties.clear();
+  view->setCurrentDate(packedDate(2026, 3, 18), 602);
+  QApplication::processEvents();
+  ASSERT_FALSE(view->dirties.empty());
+  for (const Rect& dirty : view->dirties) {
+    EXPECT_GE(dirty.y, 150.0);
+    EXPECT_LE(dirty.maxY(), 175.0);
+    EXPECT_GE(dirty.x, 330.0);
+    EXPECT_LE(dirty.maxX(), 465.0);
+  }
+  view->dirties.clear();
+  view->setCurrentDate(packedDate(2026, 3, 19), 0);
+  QApplication::processEvents();
+  ASSERT_FALSE(view->dirties.empty());
+  EXPECT_EQ(view->dirties.back().width, kWidth) << "a new day changes the whole week";
+  EXPECT_FALSE(view->timeMarkerView()->isVisible()) << "midnight lies above the axis";
+}
+
+TEST_F(WeeklyScheduleViewTest, clicksSelectAndGoToTheMoment) {
+  showWeek();
+  const QPoint tuesdayAtNoon(260, 372);
+  QTest::mouseClick(view, Qt::LeftButton, {}, tuesdayAtNoon);
+  EXPECT_EQ(owner.selected, packedDate(2026, 3, 17));
+  QTest::mouseClick(view, Qt::LeftButton, {}, {20, 100});
+  EXPECT_EQ(owner.selected, kNoDate) << "beside the grid";
+  QTest::mouseDClick(view, Qt::LeftButton, {}, tuesdayAtNoon);
+  EXPECT_EQ(owner.gone, std::make_tuple(7, packedDate(2026, 3, 17), 1020));
+}
+
+TEST_F(WeeklyScheduleViewTest, tellsWhatIsUnderTheMouse) {
+  showWeek();
+  ASSERT_TRUE(window.isMain());
+  const auto infoAt = [&](int x, int y) {
+    QTest::mouseMove(view, {x, y});
+    QApplication::processEvents();
+    return owner.info;
+  };
+  EXPECT_EQ(infoAt(400, 320), "Wednesday\n3/18/26\n3:00 pm - 4:00 pm\n(1 hr)\n\nFreestyle");
+  ASSERT_TRUE(view->mouseItem());
+  EXPECT_EQ(view->mouseItem()->time, 900);
+  EXPECT_EQ(infoAt(400, 350), "Wednesday\n3/18/26\n4:00 pm - 5:00 pm\n(1 hr)\n\n-- Idle --");
+  EXPECT_EQ(view->mouseItem(), nullptr);
+  EXPECT_EQ(infoAt(400, 100), "") << "before the first item";
+  owner.infoShown = false;
+  EXPECT_EQ(infoAt(400, 320), "");
+}
+
+TEST_F(WeeklyScheduleViewTest, scrollsWhenTheDayDoesNotFit) {
+  showWeek();
+  owner.fit = VerticalFit::scroll;
+  QScrollArea area;
+  area.resize(400, 500);
+  area.setFrameShape(QFrame::NoFrame);
+  area.setWidget(view);
+  EXPECT_DOUBLE_EQ(view->heightForAvailableHeight(500.0), 1734.0);
+  EXPECT_DOUBLE_EQ(view->heightForAvailableHeight(2000.0), 2000.0);
+  view->resize(388, 1734);
+  area.show();
+  settle();
+  EXPECT_DOUBLE_EQ(view->layout().pointsPerMinute(), 1.5);
+  view->scrollTo(std::int64_t{720});
+  EXPECT_EQ(area.verticalScrollBar()->value(), 420 * 3 / 2 + 24 - 125);
+  area.takeWidget()->setParent(&window);
+}
+
+}  // namespace
+}  // namespace tarvel

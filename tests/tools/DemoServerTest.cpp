@@ -1,0 +1,181 @@
+#include "demo/DemoServer.h"
+
+#include <gtest/gtest.h>
+#include <httplib.h>
+
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "foundation/DataDecoder.h"
+#include "publish/Encoders.h"
+#include "support/MemoryFileSystem.h"
+
+namespace tarvel::demo {
+namespace {
+
+using nlohmann::json;
+
+constexpr Instant kNow{800'000'000.0};
+
+struct StillClock : Clock {
+  Instant now() const override { return kNow; }
+  double monotonicSeconds() const override { return 1.0; }
+  TimeZone machineZone() const override { return TimeZone::utc(); }
+};
+
+/// The demo, published on a disk in memory and served on a free port; one for all tests here, as drawing its
+/// pictures takes a while. Each test leaves no rules behind.
+struct Demo {
+  Demo() {
+    const auto bound = server.bind(0);
+    if (!bound || !site.publish(content)) return;
+    port = *bound;
+    server.start(control);
+  }
+
+  StillClock clock;
+  MemoryFileSystem disk{clock};
+  FaultRules faults;
+  RequestLog log{clock};
+  DemoSite site{disk, clock, "/tree"};
+  DemoContent content{20, packedDate(2026, 5, 9), "http://127.0.0.1"};
+  DemoControl control{content, site, faults, log};
+  DemoServer server{site, faults, log};
+  int port = 0;
+};
+
+class DemoServerTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { demo_ = std::make_unique<Demo>(); }
+  static void TearDownTestSuite() { demo_.reset(); }
+  void SetUp() override {
+    ASSERT_NE(demo_->port, 0);
+    demo_->faults.clear();
+    demo_->log.clear();
+  }
+
+  httplib::Result get(const std::string& path) {
+    httplib::Client client("127.0.0.1", demo_->port);
+    return client.Get(path);
+  }
+  int statusOf(const std::string& path) {
+    const auto reply = get(path);
+    return reply ? reply->status : 0;
+  }
+  Bytes bodyOf(const std::string& path) {
+    const auto reply = get(path);
+    return reply ? Bytes(reply->body.begin(), reply->body.end()) : Bytes();
+  }
+  json control(const std::string& query) { return json::parse(get("/control?" + query)->body); }
+  void fault(const std::string& rule) { demo_->faults.add(*parseFaultRule(rule)); }
+
+  static std::unique_ptr<Demo> demo_;
+};
+
+std::unique_ptr<Demo> DemoServerTest::demo_;
+
+TEST_F(DemoServerTest, ServesThePublishedFilesAndNothingElse) {
+  const auto logo = get("/logos/11.png");
+  ASSERT_TRUE(logo);
+  EXPECT_EQ(logo->get_header_value("Content-Type"), "image/png");
+  EXPECT_EQ(logo->get_header_value("Content-Length"), std::to_string(logo->body.size()));
+  EXPECT_EQ(bodyOf("/rinks/cedar-hollow/main.b1"), *demo_->site.file("/rinks/cedar-hollow/main.b1"));
+  ASSERT_TRUE(demo_->disk.write("/outside.b1", Bytes{1}));
+  for (const char* path : {"/", "/none.b1", "/rinks", "/rinks/", "/../outside.b1", "/%2e%2e/outside.b1",
+                           "/rinks/../../outside.b1", "/.tarvel-publish.json", "/.input/catalogue.json"}) {
+    EXPECT_EQ(statusOf(path), 404) << path;
+  }
+}
+
+TEST_F(DemoServerTest, EveryPhotoOfACollectionIsServedInItsSize) {
+  DataDecoder in(bodyOf("/rinks/pelican-point/photoCollection.b1"));
+  in.getDouble();
+  const std::int64_t photos = in.getInt();
+  ASSERT_GE(photos, 8);
+  for (std::int64_t i = 0; i < photos; ++i) {
+    const std::int64_t photoID = in.getInt();
+    in.getString();
+    in.getString();
+    ASSERT_EQ(in.getInt(), 3);
+    for (int version = 1; version <= 3; ++version) {
+      in.getDouble();
+      in.getDouble();
+      const auto size = static_cast<std::size_t>(in.getInt());
+      in.getDouble();
+      const std::string path =
+          "/photos/pelican-point/" + std::to_string(photoID) + "-" + std::to_string(version) + ".jpg";
+      EXPECT_EQ(bodyOf(path).size(), size) << path;
+    }
+  }
+  EXPECT_EQ(in.getInt(), 2);
+}
+
+TEST_F(DemoServerTest, MisbehavesAsTold) {
+  const Bytes root = bodyOf("/root.b1");
+  fault("status=503*1:/root.b1");
+  EXPECT_EQ(statusOf("/root.b1"), 503);
+  EXPECT_EQ(bodyOf("/root.b1"), root);
+  for (const char* rule : {"cut=20:/root.b1", "cut=0:/root.b1", "down:/root.b1", "reset:/root.b1"}) {
+    demo_->faults.clear();
+    fault(rule);
+    EXPECT_FALSE(get("/root.b1")) << rule;
+    EXPECT_EQ(statusOf("/rinks.b1"), 200) << rule;
+  }
+  demo_->faults.clear();
+  fault("shift=60:/rinks.b1");
+  const Bytes shifted = bodyOf("/rinks.b1");
+  const Bytes plain = *demo_->site.file("/rinks.b1");
+  EXPECT_EQ(*publish::dateOf(shifted) - *publish::dateOf(plain), 60.0);
+  EXPECT_TRUE(std::equal(shifted.begin() + 8, shifted.end(), plain.begin() + 8, plain.end()));
+}
+
+TEST_F(DemoServerTest, ARenamedRinkIsPublishedAndTheOldListStaysAtHand) {
+  const Bytes before = bodyOf("/root.b1");
+  const Bytes defs = bodyOf("/defs.b1");
+  const json reply = control("do=rename-rink&rink=14&name=Lantern%20Ice");
+  EXPECT_EQ(reply["written"], json({"rinks.b1", "root.b1"}));
+  EXPECT_NE(bodyOf("/root.b1"), before);
+  const Bytes rinks = bodyOf("/rinks.b1");
+  const std::string text(rinks.begin(), rinks.end());
+  EXPECT_NE(text.find("Lantern Ice"), std::string::npos);
+  fault("stale:/*.b1");
+  EXPECT_EQ(bodyOf("/root.b1"), before);
+  EXPECT_EQ(bodyOf("/defs.b1"), defs);
+}
+
+TEST_F(DemoServerTest, ContentCanBeAddedAndTakenAway) {
+  EXPECT_EQ(control("do=replace-week&rink=17&venue=1&week=2026-05-10")["written"].size(), 4U);
+  EXPECT_EQ(control("do=drop-venue&rink=17&venue=2")["removed"].size(), 8U);
+  EXPECT_EQ(statusOf("/rinks/juniper-ridge/venue-2_schedules.b1"), 404);
+  const json added = control("do=add-rink");
+  EXPECT_EQ(statusOf("/logos/" + std::to_string(added["rink"].get<int>()) + ".png"), 200);
+  control("do=remove-rink&rink=28");
+  EXPECT_EQ(statusOf("/rinks/saguaro/master.b1"), 404);
+  for (const char* query :
+       {"do=remove-rink&rink=28", "do=nonsense", "rink=1", "do=fault&rule=x", "do=down&seconds=-1",
+        "do=replace-week&rink=17&venue=1&week=2020-01-05", "do=mismatch&rink=28"}) {
+    EXPECT_TRUE(control(query).contains("error")) << query;
+  }
+}
+
+TEST_F(DemoServerTest, ComesBackOnTheSamePortAfterBeingDown) {
+  EXPECT_EQ(control("do=down&seconds=0.01")["done"], "down");
+  int status = 0;
+  for (int attempt = 0; attempt < 100'000 && status != 200; ++attempt) status = statusOf("/root.b1");
+  EXPECT_EQ(status, 200);
+}
+
+TEST_F(DemoServerTest, TellsWhatWasAsked) {
+  fault("status=500:/defs.b1");
+  statusOf("/root.b1");
+  statusOf("/defs.b1");
+  statusOf("/control/state");
+  const json log = json::parse(get("/control/requests?clear=1")->body);
+  ASSERT_EQ(log.size(), 2U);
+  EXPECT_EQ(log[0], (json{{"method", "GET"}, {"path", "/root.b1"}, {"status", 200}, {"time", kNow.seconds}}));
+  EXPECT_EQ(log[1]["status"], 500);
+  EXPECT_EQ(json::parse(get("/control/requests")->body), json::array());
+}
+
+}  // namespace
+}  // namespace tarvel::demo

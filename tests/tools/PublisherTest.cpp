@@ -1,0 +1,386 @@
+#include "publish/Publisher.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+
+#include "SampleInput.h"
+#include "publish/Encoders.h"
+
+namespace tarvel::publish {
+namespace {
+
+constexpr Instant kFirst{800'000'000.0};
+constexpr Instant kSecond{800'100'000.5};
+constexpr Instant kSecondWhole{800'100'000.0};
+using Paths = std::vector<std::string>;
+
+/// Goes down the tree of promises as an application does, and collects what it finds of promises that the
+/// files below don't keep.
+class PromiseWalk {
+ public:
+  enum class Strictness { atLeastThere, exact };
+  PromiseWalk(FileSystem& files, Strictness strictness) : files_(files), strictness_(strictness) {}
+
+  Paths broken() {
+    const auto root = read("root.b1");
+    if (!root) return broken_;
+    DataDecoder in(*root);
+    for (int i = 0; i < 4; ++i) in.getInt64();
+    in.getString();
+    walkPromises(in, "");
+    if (const auto rinks = read("rinks.b1")) walkRinks(DataDecoder(*rinks));
+    return broken_;
+  }
+
+ private:
+  std::optional<Bytes> read(const std::string& path) {
+    auto content = files_.read("/tree/" + path);
+    return content ? std::optional(std::move(content).value()) : std::nullopt;
+  }
+
+  void expect(const std::string& path, double promised) {
+    const auto info = files_.info("/tree/" + path);
+    const double actual = info ? info->modificationDate.seconds : -1.0;
+    const auto content = path.ends_with(".b1") ? read(path) : std::nullopt;
+    const bool agrees = !content || dateOf(*content)->seconds == actual;
+    // While a run is on, a file may be newer than was promised; older, or missing, it may never be.
+    const bool kept = strictness_ == Strictness::exact ? actual == promised && agrees : actual >= promised;
+    if (!kept) broken_.push_back(path);
+  }
+
+  void walkPromises(DataDecoder& in, const std::string& folder) {
+    const std::int64_t count = in.getInt();
+    for (std::int64_t i = 0; i < count; ++i) {
+      const std::string path = folder + in.getString();
+      expect(path, in.getDouble());
+      if (path.ends_with("_schedules.b1")) {
+        if (const auto schedules = read(path)) {
+          DataDecoder weeks(*schedules);
+          weeks.getDouble();
+          walkPromises(weeks, folder);
+        }
+      }
+      if (path.ends_with("photoCollection.b1")) collections_.insert(path);
+    }
+  }
+
+  void walkRinks(DataDecoder in) {
+    in.getDouble();
+    const std::int64_t count = in.getInt();
+    for (std::int64_t i = 0; i < count; ++i) {
+      const std::int64_t rinkID = in.getInt();
+      for (int k = 0; k < 5; ++k) in.getString();
+      in.getUInt64();
+      in.getDouble();
+      in.getDouble();
+      for (int k = 0; k < 3; ++k) in.getString();
+      const std::string folder = in.getString() + "/";
+      for (const char* suffix : {".png", "-dark.png"}) {
+        if (!in.getBool()) continue;
+        expect("logos/" + std::to_string(rinkID) + suffix, in.getDouble());
+        in.getInt();
+      }
+      walkRink(folder);
+    }
+  }
+
+  void walkRink(const std::string& folder) {
+    const auto master = read(folder + "master.b1");
+    if (!master) {
+      broken_.push_back(folder + "master.b1");
+      return;
+    }
+    DataDecoder in(*master);
+    const std::string main = folder + in.getString();
+    expect(main, in.getDouble());
+    const auto content = read(main);
+    if (!content) return;
+    DataDecoder mainIn(*content);
+    mainIn.getDouble();
+    mainIn.getUInt32();
+    mainIn.getUInt32();
+    const std::int64_t venues = mainIn.getInt();
+    for (std::int64_t i = 0; i < venues; ++i) {
+      mainIn.getInt();
+      mainIn.getInt8();
+      mainIn.getString();
+      mainIn.getString();
+      mainIn.getInt();
+    }
+    walkPromises(mainIn, folder);
+    const std::string photosFolder = mainIn.getString();
+    if (const auto photos = read(folder + "photoCollection.b1"))
+      walkPhotos(DataDecoder(*photos), photosFolder);
+  }
+
+  void walkPhotos(DataDecoder in, const std::string& folder) {
+    in.getDouble();
+    const std::int64_t count = in.getInt();
+    for (std::int64_t i = 0; i < count; ++i) {
+      const std::int64_t photoID = in.getInt();
+      in.getString();
+      in.getString();
+      const std::int64_t versions = in.getInt();
+      for (std::int64_t version = 1; version <= versions; ++version) {
+        in.getDouble();
+        in.getDouble();
+        in.getInt();
+        expect(folder + "/" + std::to_string(photoID) + "-" + std::to_string(version) + ".jpg",
+               in.getDouble());
+      }
+    }
+  }
+
+  FileSystem& files_;
+  Strictness strictness_;
+  Paths broken_;
+  std::set<std::string> collections_;
+};
+
+Paths brokenPromises(SampleInput& sample) {
+  return PromiseWalk(sample.disk, PromiseWalk::Strictness::exact).broken();
+}
+
+Paths sorted(Paths paths) {
+  std::sort(paths.begin(), paths.end());
+  return paths;
+}
+
+TEST(Publisher, AFirstRunKeepsAllItsPromises) {
+  SampleInput sample;
+  const auto report = sample.publish(kFirst + 0.75);
+  ASSERT_TRUE(report);
+  EXPECT_EQ(report->date, kFirst);  // whole seconds
+  EXPECT_EQ(report->written.size(), 22U);
+  EXPECT_EQ(report->written.back(), "root.b1");
+  EXPECT_EQ(brokenPromises(sample), Paths());
+}
+
+TEST(Publisher, NothingIsTouchedWhenNothingChanged) {
+  SampleInput sample;
+  ASSERT_TRUE(sample.publish(kFirst));
+  const auto before = sample.disk.snapshot();
+  const auto report = sample.publish(kSecond);
+  ASSERT_TRUE(report);
+  EXPECT_EQ(report->written, Paths());
+  EXPECT_EQ(report->removed, Paths());
+  EXPECT_EQ(report->unchanged, 22U);
+  for (const auto& [path, state] : sample.disk.snapshot()) {
+    if (!path.starts_with("/tree")) continue;
+    EXPECT_EQ(state, before.at(path)) << path;
+  }
+}
+
+struct Change {
+  const char* name;
+  std::function<void(SampleInput&)> make;
+  Paths written;  ///< in order
+  Paths removed = {};
+};
+
+const std::vector<Change>& changes() {
+  static const std::vector<Change> kChanges = {
+      {"a session",
+       [](SampleInput& sample) {
+         sample.json["rinks/cedar/weeks/2026-03-08.json"]["schedules"][0]["sessions"][0]["duration"] = 76;
+       },
+       {"rinks/cedar/venue-1_week-2026-03-08.b1", "rinks/cedar/venue-1_schedules.b1", "rinks/cedar/main.b1",
+        "rinks/cedar/master.b1"}},
+      {"a notice",
+       [](SampleInput& sample) { sample.json["rinks/cedar/notices.json"]["notices"][1]["detail"] = "Go!"; },
+       {"rinks/cedar/notices.b1", "rinks/cedar/main.b1", "rinks/cedar/master.b1"}},
+      {"a picture that is no cover",
+       [](SampleInput& sample) { sample.raw["rinks/cedar/hall.jpg"] = jpegImage(640, 480, "repainted"); },
+       {"photos/cedar/44-1.jpg", "rinks/cedar/photoCollection.b1", "rinks/cedar/main.b1",
+        "rinks/cedar/master.b1"}},
+      {"the name of a venue",
+       [](SampleInput& sample) { sample.json["rinks/cedar/rink.json"]["venues"][0]["name"] = "S"; },
+       {"rinks/cedar/main.b1", "rinks/cedar/master.b1"}},
+      {"the rink's name",
+       [](SampleInput& sample) { sample.json["rinks/alder/rink.json"]["name"] = "Alder Lake"; },
+       {"rinks.b1", "root.b1"}},
+      {"a logo, of the same size",
+       [](SampleInput& sample) { sample.raw["rinks/cedar/logo.png"] = pngImage(192, 180, "LIGHT"); },
+       {"logos/7.png", "rinks.b1", "root.b1"}},
+      {"a colour",
+       [](SampleInput& sample) { sample.json["catalogue.json"]["sessions"][4]["color"] = "#000000"; },
+       {"defs.b1", "root.b1"}},
+      {"the current version",
+       [](SampleInput& sample) { sample.json["catalogue.json"]["application"]["currentVersion"] = "6.1.1"; },
+       {"root.b1"}},
+      {"a week less",
+       [](SampleInput& sample) { sample.json.erase("rinks/cedar/weeks/2026-03-08.json"); },
+       {"rinks/cedar/venue-1_schedules.b1", "rinks/cedar/main.b1", "rinks/cedar/master.b1"},
+       {"rinks/cedar/venue-1_week-2026-03-08.b1"}},
+      {"a venue less",
+       [](SampleInput& sample) {
+         sample.json["rinks/cedar/rink.json"]["venues"].erase(0);
+         sample.json["rinks/cedar/weeks/2026-03-01.json"]["schedules"].erase(1);
+       },
+       {"rinks/cedar/main.b1", "rinks/cedar/master.b1"},
+       {"rinks/cedar/venue-3_schedules.b1", "rinks/cedar/venue-3_week-2026-03-01.b1"}},
+      {"a rink less",
+       [](SampleInput& sample) { sample.json["catalogue.json"]["rinks"].erase(1); },
+       {"rinks.b1", "root.b1"},
+       {"alder/main.b1", "alder/master.b1", "alder/notices.b1", "alder/photoCollection.b1",
+        "alder/venue-10_schedules.b1"}},
+  };
+  return kChanges;
+}
+
+TEST(Publisher, AChangeGoesUpToTheIndexAndNowhereElse) {
+  for (const Change& change : changes()) {
+    SCOPED_TRACE(change.name);
+    SampleInput sample;
+    ASSERT_TRUE(sample.publish(kFirst));
+    const auto before = sample.disk.snapshot();
+    change.make(sample);
+    const auto report = sample.publish(kSecond);
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->written, change.written);
+    EXPECT_EQ(sorted(report->removed), change.removed);
+    EXPECT_EQ(brokenPromises(sample), Paths());
+    const std::set<std::string> written(change.written.begin(), change.written.end());
+    for (const auto& [path, state] : sample.disk.snapshot()) {
+      if (!path.starts_with("/tree/") || state.kind != FileKind::file || path.ends_with(".json")) continue;
+      const bool isNew = written.contains(path.substr(6));
+      EXPECT_EQ(state.modificationDate, isNew ? kSecondWhole : kFirst) << path;
+      if (!isNew) {
+        EXPECT_EQ(state, before.at(path)) << path;
+      }
+    }
+  }
+}
+
+TEST(Publisher, AReaderNeverMeetsAPromiseOfWhatIsNotThere) {
+  // Every change at once, broken off at each operation in turn.
+  const auto changeAll = [](SampleInput& sample) {
+    for (const Change& change : changes()) change.make(sample);
+    sample.json["rinks/alder/rink.json"]["venues"][0]["name"] = "New";
+    sample.json["catalogue.json"]["rinks"] = {"cedar", "birch"};
+    sample.json["rinks/birch/rink.json"] = sample.json["rinks/alder/rink.json"];
+    sample.json["rinks/birch/rink.json"]["rinkID"] = 99;
+    sample.json["rinks/birch/rink.json"]["dataPath"] = "birch";
+  };
+  bool completed = false;
+  int stops = 0;
+  for (int nth = 1; !completed; ++nth) {
+    SampleInput sample;
+    ASSERT_TRUE(sample.publish(kFirst));
+    changeAll(sample);
+    const PublishInput input = sample.read();
+    ASSERT_TRUE(input.problems.errors.empty()) << describe(input.problems.errors.front());
+    sample.disk.failOperation(nth, MemoryFileSystem::Repeat::forEver);
+    completed = Publisher(sample.disk, "/tree").publish(input.catalogue, kSecond).ok();
+    sample.disk.clearFailures();
+    if (!completed) ++stops;
+    EXPECT_EQ(PromiseWalk(sample.disk, PromiseWalk::Strictness::atLeastThere).broken(), Paths())
+        << "stopped at " << nth;
+    const auto report = Publisher(sample.disk, "/tree").publish(input.catalogue, kSecond + 1.0);
+    ASSERT_TRUE(report) << report.error().description;
+    EXPECT_EQ(brokenPromises(sample), Paths()) << "stopped at " << nth;
+    for (const auto& [path, state] : sample.disk.snapshot()) {
+      EXPECT_FALSE(path.starts_with("/tree/alder")) << "stopped at " << nth;
+      EXPECT_FALSE(path.ends_with(".part")) << path << ", stopped at " << nth;
+    }
+  }
+  EXPECT_GT(stops, 60);
+}
+
+TEST(Publisher, ADateIsNeverGivenTwice) {
+  SampleInput sample;
+  ASSERT_TRUE(sample.publish(kFirst));
+  auto& duration =
+      sample.json["rinks/cedar/weeks/2026-03-08.json"]["schedules"][0]["sessions"][0]["duration"];
+  const std::string week = "rinks/cedar/venue-1_week-2026-03-08.b1";
+  std::set<double> dates = {sample.headerDate(week).seconds};
+  // The clock stands, goes back a day, and forward again; the content goes there and back too.
+  for (const double clock : {0.0, 0.0, -86400.0, -86400.0, 2.0, 100.0}) {
+    duration = duration.get<int>() == 75 ? 80 : 75;
+    ASSERT_TRUE(sample.publish(kFirst + clock));
+    EXPECT_GT(sample.headerDate(week).seconds, *dates.rbegin()) << clock;
+    dates.insert(sample.headerDate(week).seconds);
+    EXPECT_EQ(brokenPromises(sample), Paths());
+  }
+  // A week that is taken away and comes back.
+  const auto file = sample.json.at("rinks/cedar/weeks/2026-03-08.json");
+  sample.json.erase("rinks/cedar/weeks/2026-03-08.json");
+  ASSERT_TRUE(sample.publish(kFirst));
+  sample.json["rinks/cedar/weeks/2026-03-08.json"] = file;
+  ASSERT_TRUE(sample.publish(kFirst));
+  EXPECT_TRUE(dates.insert(sample.headerDate(week).seconds).second);
+}
+
+TEST(Publisher, WithoutItsManifestDatesOfDataStayAndNothingIsRemoved) {
+  SampleInput sample;
+  ASSERT_TRUE(sample.publish(kFirst));
+  ASSERT_TRUE(sample.disk.remove("/tree/.tarvel-publish.json"));
+  sample.json["catalogue.json"]["rinks"].erase(1);
+  const auto report = sample.publish(kSecond);
+  ASSERT_TRUE(report);
+  EXPECT_EQ(report->removed, Paths());
+  EXPECT_TRUE(sample.disk.info("/tree/alder/main.b1"));
+  EXPECT_EQ(sample.headerDate("rinks/cedar/notices.b1"), kFirst);
+  EXPECT_EQ(sample.headerDate("rinks/cedar/venue-1_schedules.b1"), kFirst);
+  // An image carries no date, so it gets a new one, and so do the files that promise it.
+  EXPECT_EQ(sample.diskDate("photos/cedar/44-1.jpg"), kSecondWhole);
+  EXPECT_EQ(brokenPromises(sample), Paths());
+}
+
+TEST(Publisher, WhatItDidNotWriteStays) {
+  SampleInput sample;
+  ASSERT_TRUE(sample.publish(kFirst));
+  const Paths foreign = {"/tree/index.html", "/tree/alder/old.b1", "/tree/logos/99.png", "/etc.b1"};
+  for (const std::string& path : foreign) ASSERT_TRUE(sample.disk.write(path, Bytes{1}));
+  // A manifest that has been tampered with names files outside the tree and files of other kinds.
+  const auto manifest = sample.disk.read("/tree/.tarvel-publish.json");
+  auto json = nlohmann::json::parse(*manifest);
+  json["files"]["../etc.b1"] = 1.0;
+  json["files"]["index.html"] = 1.0;
+  const std::string text = json.dump();
+  ASSERT_TRUE(sample.disk.write("/tree/.tarvel-publish.json", Bytes(text.begin(), text.end())));
+  sample.json["catalogue.json"]["rinks"].erase(1);
+  const auto report = sample.publish(kSecond);
+  ASSERT_TRUE(report);
+  EXPECT_EQ(report->removed.size(), 5U);
+  for (const std::string& path : foreign) EXPECT_TRUE(sample.disk.info(path)) << path;
+  EXPECT_FALSE(sample.disk.info("/tree/alder/main.b1"));
+}
+
+TEST(Publisher, EmptyFoldersGoWithTheirFiles) {
+  SampleInput sample;
+  ASSERT_TRUE(sample.publish(kFirst));
+  sample.json["catalogue.json"]["rinks"].erase(0);
+  ASSERT_TRUE(sample.publish(kSecond));
+  EXPECT_FALSE(sample.disk.info("/tree/rinks"));
+  EXPECT_FALSE(sample.disk.info("/tree/photos"));
+  EXPECT_TRUE(sample.disk.info("/tree/alder"));
+}
+
+TEST(Publisher, ADamagedFileIsPublishedAnew) {
+  for (const Bytes& damaged : {Bytes(), Bytes{1, 2, 3}, Bytes(40, 0xFF)}) {
+    SampleInput sample;
+    ASSERT_TRUE(sample.publish(kFirst));
+    const Bytes good = sample.published("rinks/cedar/notices.b1");
+    ASSERT_TRUE(sample.disk.write("/tree/rinks/cedar/notices.b1", damaged));
+    ASSERT_TRUE(sample.publish(kSecond));
+    EXPECT_EQ(sample.headerDate("rinks/cedar/notices.b1"), kSecondWhole);
+    EXPECT_EQ(sample.published("rinks/cedar/notices.b1").size(), good.size());
+    EXPECT_EQ(brokenPromises(sample), Paths());
+  }
+}
+
+TEST(Publisher, APictureThatVanishedAfterReadingStopsItBeforeAnythingIsWritten) {
+  SampleInput sample;
+  const PublishInput input = sample.read();
+  ASSERT_TRUE(sample.disk.remove("/input/rinks/cedar/hall.jpg"));
+  const auto report = Publisher(sample.disk, "/tree").publish(input.catalogue, kFirst);
+  ASSERT_FALSE(report);
+  EXPECT_NE(report.error().description.find("hall.jpg"), std::string::npos) << report.error().description;
+  EXPECT_FALSE(sample.disk.info("/tree"));
+}
+
+}  // namespace
+}  // namespace tarvel::publish

@@ -1,0 +1,174 @@
+#include "ui/BoxView.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMouseEvent>
+
+#include "Painted.h"
+
+namespace tarvel {
+namespace {
+
+using test::kUntouched;
+using test::painted;
+
+const QColor kRed(200, 0, 0);
+const QColor kBlue(0, 0, 200);
+
+struct Spot {
+  int x;
+  int y;
+  QColor color;
+};
+
+void expectSpots(const QImage& image, const std::vector<Spot>& spots) {
+  for (const Spot& spot : spots) {
+    EXPECT_EQ(image.pixelColor(spot.x, spot.y), spot.color) << spot.x << ", " << spot.y;
+  }
+}
+
+TEST(BoxView, drawsNothingWithoutColours) {
+  BoxView box;
+  box.resize(20, 10);
+  box.setLineWidth(3.0);
+  box.setBoxEdges(BoxEdges{true, true, true, true});
+  EXPECT_FALSE(box.isOpaque());
+  QImage nothing(20, 10, QImage::Format_RGB32);
+  nothing.fill(kUntouched);
+  EXPECT_EQ(painted(box), nothing);
+}
+
+TEST(BoxView, wholeFrameLiesInsideTheBounds) {
+  struct Case {
+    double lineWidth;
+    double ratio;
+    int pixels;  ///< of the line, on the device
+  };
+  for (const Case& c :
+       {Case{0.0, 1.0, 1}, {1.0, 1.0, 1}, {3.0, 1.0, 3}, {1.0, 2.0, 2}, {2.0, 1.5, 3}, {0.5, 2.0, 2}}) {
+    SCOPED_TRACE(testing::Message() << c.lineWidth << " at " << c.ratio);
+    BoxView box;
+    box.resize(20, 10);
+    box.setBgColor(kBlue);
+    box.setFrameColor(kRed);
+    box.setLineWidth(c.lineWidth);
+    const QImage image = painted(box, c.ratio);
+    const int n = c.pixels;
+    const int right = image.width() - 1;
+    const int bottom = image.height() - 1;
+    const int middle = image.height() / 2;
+    expectSpots(image, {{0, 0, kRed},
+                        {n - 1, middle, kRed},
+                        {n, middle, kBlue},
+                        {right - n + 1, middle, kRed},
+                        {right - n, middle, kBlue},
+                        {image.width() / 2, n - 1, kRed},
+                        {image.width() / 2, n, kBlue},
+                        {right, bottom, kRed},
+                        {image.width() / 2, bottom - n + 1, kRed},
+                        {image.width() / 2, bottom - n, kBlue}});
+  }
+}
+
+TEST(BoxView, edgesLieWhereTheirNamesHaveAlwaysPutThem) {
+  struct Case {
+    const char* name;
+    BoxEdges edges;
+    std::vector<Spot> spots;
+  };
+  const Case cases[] = {
+      {"right",
+       {.right = true},
+       {{29, 0, kRed}, {29, 29, kRed}, {0, 15, kBlue}, {15, 0, kBlue}, {15, 29, kBlue}}},
+      {"top", {.top = true}, {{0, 29, kRed}, {29, 29, kRed}, {15, 0, kBlue}, {29, 15, kBlue}}},
+      {"bottom", {.bottom = true}, {{0, 0, kRed}, {29, 0, kRed}, {15, 29, kBlue}, {0, 15, kBlue}}},
+      {"left",
+       {.left = true},
+       {{5, 5, kRed}, {15, 15, kRed}, {28, 28, kRed}, {0, 15, kBlue}, {25, 5, kBlue}}},
+      {"none", {}, {{0, 0, kBlue}, {29, 29, kBlue}, {15, 15, kBlue}}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    BoxView box;
+    box.resize(30, 30);
+    box.setBgColor(kBlue);
+    box.setFrameColor(kRed);
+    box.setLineWidth(2.0);
+    box.setBoxEdges(c.edges);
+    expectSpots(painted(box), c.spots);
+  }
+}
+
+TEST(BoxView, cornersAreOpenWhenRounded) {
+  BoxView box;
+  box.resize(30, 30);
+  box.setBgColor(kBlue);
+  EXPECT_TRUE(box.testAttribute(Qt::WA_OpaquePaintEvent));
+  box.setCornerRadius(8.0);
+  EXPECT_TRUE(box.isOpaque());
+  EXPECT_FALSE(box.testAttribute(Qt::WA_OpaquePaintEvent)) << "something else has to paint the corners";
+  expectSpots(painted(box), {{0, 0, kUntouched}, {29, 29, kUntouched}, {15, 0, kBlue}, {8, 8, kBlue}});
+}
+
+TEST(BoxView, anotherColourRedrawsAndTheSameDoesNot) {
+  struct Painting : BoxView {
+    void paintEvent(QPaintEvent* event) override {
+      ++paintings;
+      BoxView::paintEvent(event);
+    }
+    int paintings = 0;
+  } box;
+  box.resize(20, 20);
+  box.show();
+  const auto paintingsOf = [&](auto change) {
+    QApplication::processEvents();
+    box.paintings = 0;
+    change();
+    QApplication::processEvents();
+    return box.paintings;
+  };
+  EXPECT_EQ(paintingsOf([&] { box.setBgColor(kContentBackground); }), 1);
+  EXPECT_EQ(paintingsOf([&] { box.setBgColor(kContentBackground); }), 0);
+  EXPECT_EQ(paintingsOf([&] { box.setFrameColor(kTertiaryLabel); }), 1);
+  EXPECT_EQ(paintingsOf([&] { box.setFrameColor(kTertiaryLabel); }), 0);
+  EXPECT_EQ(paintingsOf([&] { box.setFrameColor(std::nullopt); }), 1);
+}
+
+TEST(BoxView, pressesGoToTheDelegateOrToWhatIsBehind) {
+  struct Delegate : BoxViewDelegate {
+    void mouseDown(QMouseEvent&) override { text += 'l'; }
+    void rightMouseDown(QMouseEvent&) override { text += 'r'; }
+    std::string text;
+  } delegate;
+  struct Behind : QWidget {
+    void mousePressEvent(QMouseEvent*) override { ++presses; }
+    int presses = 0;
+  } behind;
+  auto* box = new BoxView(&behind);
+  const auto press = [&](Qt::MouseButton button) {
+    QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), button, button, Qt::NoModifier);
+    QApplication::sendEvent(box, &event);
+  };
+  press(Qt::LeftButton);
+  press(Qt::RightButton);
+  EXPECT_EQ(behind.presses, 2);
+  box->setDelegate(&delegate);
+  press(Qt::LeftButton);
+  press(Qt::RightButton);
+  EXPECT_EQ(delegate.text, "lr");
+  press(Qt::MiddleButton);
+  EXPECT_EQ(delegate.text, "lr");
+  EXPECT_EQ(behind.presses, 3);
+}
+
+TEST(BoxView, takesTheKeyboardOnlyWhenAllowed) {
+  BoxView box;
+  EXPECT_EQ(box.focusPolicy(), Qt::NoFocus);
+  box.setAllowFirstResponder(true);
+  EXPECT_TRUE(box.allowFirstResponder());
+  EXPECT_EQ(box.focusPolicy(), Qt::StrongFocus);
+}
+
+}  // namespace
+}  // namespace tarvel

@@ -1,0 +1,104 @@
+// Runs on a message bus of its own, on which the test plays the desktop's part.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+#include "LoopSupport.h"
+#include "platform/qt/QtWorkspace.h"
+#include "ui/NamedColors.h"
+#include "ui/SystemAppearance.h"
+
+namespace tarvel {
+namespace {
+
+const QString kPortalObject = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kSettings = QStringLiteral("org.freedesktop.portal.Settings");
+const QString kGroup = QStringLiteral("org.freedesktop.appearance");
+
+/// The connection of the desktop's side.
+QDBusConnection desktopBus() {
+  static const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "desktop");
+  return bus;
+}
+
+QVariant accentValue(double red, double green, double blue) {
+  QDBusArgument argument;
+  argument.beginStructure();
+  argument << red << green << blue;
+  argument.endStructure();
+  return QVariant::fromValue(argument);
+}
+
+class Portal final : public QDBusVirtualObject {
+ public:
+  Portal() {
+    EXPECT_TRUE(desktopBus().registerVirtualObject(kPortalObject, this));
+    EXPECT_TRUE(desktopBus().registerService("org.freedesktop.portal.Desktop"));
+  }
+  ~Portal() override {
+    desktopBus().unregisterService("org.freedesktop.portal.Desktop");
+    desktopBus().unregisterObject(kPortalObject);
+  }
+  QString introspect(const QString&) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+    if (message.interface() != kSettings || message.member() != "Read") return false;
+    const QVariant value = message.arguments().at(1) == "color-scheme" ? QVariant(scheme) : accent;
+    const QDBusVariant wrapped(QVariant::fromValue(QDBusVariant(value)));
+    return QDBusConnection(connection).send(message.createReply(QVariant::fromValue(wrapped)));
+  }
+  static void announce(const QString& key, const QVariant& value) {
+    QDBusMessage signal = QDBusMessage::createSignal(kPortalObject, kSettings, "SettingChanged");
+    signal << kGroup << key << QVariant::fromValue(QDBusVariant(value));
+    desktopBus().send(signal);
+  }
+
+  uint scheme = 1;
+  QVariant accent = accentValue(-1.0, -1.0, -1.0);
+};
+
+TEST(DesktopBus, TheAppearanceIsThePortalsAndFollowsIt) {
+  Portal portal;
+  portal.accent = accentValue(0.48, 0.24, 0.69);
+  const SystemAppearance appearance;
+  EXPECT_EQ(appearance.current(), Appearance::light);
+  const auto accent = [&] { return color(kSelectedContentBackground, Appearance::light).name(); };
+  test::runUntil([&] { return appearance.current() == Appearance::dark && accent() == "#7a3db0"; });
+  Portal::announce("color-scheme", 2u);
+  test::runUntil([&] { return appearance.current() == Appearance::light; });
+  Portal::announce("accent-color", accentValue(-1.0, -1.0, -1.0));
+  test::runUntil([&] { return accent() != "#7a3db0"; });
+}
+
+TEST(DesktopBus, AWakeIsTheLoginManagersSignal) {
+  ASSERT_TRUE(desktopBus().registerService("org.freedesktop.login1"));
+  QtWorkspace workspace;
+  int wakes = 0;
+  const auto subscription = workspace.onWake([&] { ++wakes; });
+  const auto announce = [](bool goingToSleep) {
+    QDBusMessage signal = QDBusMessage::createSignal("/org/freedesktop/login1",
+                                                     "org.freedesktop.login1.Manager", "PrepareForSleep");
+    signal << goingToSleep;
+    desktopBus().send(signal);
+  };
+  announce(true);
+  announce(false);
+  test::runUntil([&] { return wakes > 0; });
+  EXPECT_EQ(wakes, 1);
+}
+
+}  // namespace
+}  // namespace tarvel
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // The login manager stands on the other bus; here one bus is both.
+  qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+  int nameAlone = 1;
+  QApplication application(nameAlone, argv);
+  return RUN_ALL_TESTS();
+}

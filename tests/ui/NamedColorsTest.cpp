@@ -1,0 +1,89 @@
+#include "ui/NamedColors.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvel {
+namespace {
+
+constexpr Appearance kBoth[] = {Appearance::light, Appearance::dark};
+constexpr double kReadable = 4.5;
+constexpr double kVisible = 3.0;  // of symbols and outlines
+
+TEST(NamedColors, HaveTheValuesThatTheDesignGives) {
+  const struct {
+    const char* name;
+    const char* light;
+    const char* dark;
+  } cases[] = {
+      {"schedule background", "#ffffffff", "#ff1e1f22"},
+      {"today background", "#fff6f7f9", "#ff141517"},
+      {"past blend", "#8cffffff", "#8c1e1f22"},
+      {"content background", "#ffffffff", "#ff1e1f22"},
+      {"content background 2", "#fff0f2f5", "#ff2a2c30"},
+      {"content border", "#ffd5d9df", "#ff3e4147"},
+      {"inactive selected content fill", "#ffdde1e7", "#ff3a3d43"},
+      {"inactive selected content frame", "#ffa9b0ba", "#ff70767f"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(color(NamedColor{c.name}, Appearance::light).name(QColor::HexArgb).toStdString(), c.light)
+        << c.name;
+    EXPECT_EQ(color(NamedColor{c.name}, Appearance::dark).name(QColor::HexArgb).toStdString(), c.dark)
+        << c.name;
+  }
+  checkNamedColors();
+}
+
+TEST(NamedColorsDeathTest, AMissingNameStopsTheProgram) {
+  for (const char* name : {"", "schedule", "Schedule Background", "content background 3"}) {
+    EXPECT_DEATH(color(NamedColor{name}, Appearance::light), "Fatal error") << name;
+  }
+}
+
+TEST(NamedColors, TextsAndSymbolsStandOutFromEverySurface) {
+  for (const Appearance appearance : kBoth) {
+    for (const NamedColor surface :
+         {kScheduleBackground, kTodayBackground, kContentBackground, kContentBackground2}) {
+      const QColor below = color(surface, appearance);
+      const auto contrast = [&](NamedColor name) { return contrastRatio(color(name, appearance), below); };
+      for (const NamedColor text :
+           {kLabel, kSecondaryLabel, kTertiaryLabel, kSystemRed, kSystemGreen, kControlAccent}) {
+        EXPECT_GE(contrast(text), kReadable) << text.name << " on " << surface.name << int(appearance);
+      }
+      for (const NamedColor symbol : {kSystemYellow, kKeyboardFocusIndicator}) {
+        EXPECT_GE(contrast(symbol), kVisible) << symbol.name << " on " << surface.name << int(appearance);
+      }
+    }
+    EXPECT_GE(contrastRatio(color(kSelectedContentBackground, appearance), Qt::white), kReadable);
+    EXPECT_GE(contrastRatio(color(kLabel, appearance), color(kInactiveSelectedContentFill, appearance)),
+              kReadable);
+  }
+}
+
+TEST(NamedColors, TheDesktopsAccentCountsWhereWhiteTextIsReadableOnIt) {
+  const QColor ours = color(kSelectedContentBackground, Appearance::light);
+  const QColor purple(0x7A, 0x3E, 0xB1);
+  setDesktopAccent(QColor(Qt::yellow));
+  EXPECT_EQ(color(kSelectedContentBackground, Appearance::light), ours);
+  setDesktopAccent(purple);
+  EXPECT_EQ(color(kSelectedContentBackground, Appearance::light), purple);
+  EXPECT_EQ(color(kControlAccent, Appearance::light), purple);
+  EXPECT_GT(color(kControlAccent, Appearance::dark).lightness(), purple.lightness());
+  EXPECT_NE(color(kLabel, Appearance::light), purple);
+  setDesktopAccent(std::nullopt);
+  EXPECT_EQ(color(kSelectedContentBackground, Appearance::light), ours);
+}
+
+TEST(NamedColors, ContrastIsThatOfTheKnownPairs) {
+  EXPECT_NEAR(contrastRatio(Qt::black, Qt::white), 21.0, 0.001);
+  EXPECT_NEAR(contrastRatio(Qt::white, Qt::white), 1.0, 0.001);
+  EXPECT_NEAR(contrastRatio(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
+}
+
+TEST(ColorSource, IsLookedUpWhereItIsUsed) {
+  EXPECT_NE(ColorSource(kLabel).resolve(Appearance::light), ColorSource(kLabel).resolve(Appearance::dark));
+  const ColorSource fixed(Color{1.0, 0.0, 2.0, 0.5});
+  EXPECT_EQ(fixed.resolve(Appearance::dark).name(QColor::HexArgb), "#80ff00ff");
+}
+
+}  // namespace
+}  // namespace tarvel

@@ -1,0 +1,19 @@
+#pragma once
+#include <QImage>
+#include <QWidget>
+
+namespace tarvel::test {
+
+/// What no view paints of itself.
+inline const QColor kUntouched{255, 0, 255};
+
+/// The view's own painting, without what lies behind it, at so many device pixels to a logical one.
+inline QImage painted(QWidget& view, double devicePixelRatio = 1.0) {
+  QImage image(view.size() * devicePixelRatio, QImage::Format_RGB32);
+  image.setDevicePixelRatio(devicePixelRatio);
+  image.fill(kUntouched);
+  view.render(&image, {}, {}, QWidget::RenderFlags());
+  return image;
+}
+
+}  // namespace tarvel::test

@@ -1,0 +1,111 @@
+#include "ui/SystemAppearance.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDBusVariant>
+#include <QPalette>
+
+#include <QFontMetricsF>
+
+#include "ui/Fonts.h"
+#include "ui/NamedColors.h"
+#include "ui/Window.h"
+
+namespace tarvel {
+namespace {
+
+const QString kGroup = QStringLiteral("org.freedesktop.appearance");
+const QString kScheme = QStringLiteral("color-scheme");
+
+class SystemAppearanceTest : public testing::Test {
+ protected:
+  SystemAppearanceTest() {
+    QObject::connect(&system_, &SystemAppearance::changed, [this] {
+      ++changes_;
+      windowColorAtChange_ = QApplication::palette().color(QPalette::Base);
+    });
+  }
+  void portalSays(uint scheme, const QString& group = kGroup, const QString& key = kScheme) {
+    system_.portalSettingChanged(group, key, QDBusVariant(QVariant(scheme)));
+  }
+
+  /// The palette of the test before would be taken for the desktop's.
+  struct LightDesktop {
+    LightDesktop() { QApplication::setPalette(paletteFor(Appearance::light)); }
+  } desktop_;
+  SystemAppearance system_;
+  int changes_ = 0;
+  QColor windowColorAtChange_;
+};
+
+TEST_F(SystemAppearanceTest, FollowsThePortal) {
+  EXPECT_EQ(system_.current(), Appearance::light);
+  portalSays(1);
+  EXPECT_EQ(system_.current(), Appearance::dark);
+  EXPECT_EQ(changes_, 1);
+  EXPECT_EQ(windowColorAtChange_, color(kContentBackground, Appearance::dark));
+  portalSays(1);
+  portalSays(2, "org.gnome.desktop.interface");
+  portalSays(2, kGroup, "contrast");
+  EXPECT_EQ(changes_, 1);
+  portalSays(2);
+  EXPECT_EQ(system_.current(), Appearance::light);
+  portalSays(1);
+  portalSays(0);  // no preference: what the palette looked like
+  EXPECT_EQ(system_.current(), Appearance::light);
+  EXPECT_EQ(changes_, 4);
+}
+
+TEST_F(SystemAppearanceTest, AValueWrappedTwiceCountsAsWell) {
+  const QDBusVariant once(QVariant(1u));
+  system_.portalSettingChanged(kGroup, kScheme, QDBusVariant(QVariant::fromValue(once)));
+  EXPECT_EQ(system_.current(), Appearance::dark);
+}
+
+TEST_F(SystemAppearanceTest, AnOverrideHoldsAgainstThePortal) {
+  system_.setOverride(Appearance::dark);
+  EXPECT_EQ(changes_, 1);
+  portalSays(2);
+  EXPECT_EQ(system_.current(), Appearance::dark);
+  system_.setOverride(std::nullopt);
+  EXPECT_EQ(system_.current(), Appearance::light);
+  EXPECT_EQ(changes_, 2);
+}
+
+TEST_F(SystemAppearanceTest, AWindowsOwnChoiceIsItsAndItsViewsAlone) {
+  Window own;
+  auto* view = new QWidget(&own);
+  Window other;
+  own.setChosenAppearance(Appearance::dark);
+  EXPECT_EQ(appearanceOf(view), Appearance::dark);
+  EXPECT_EQ(view->palette().color(QPalette::WindowText), color(kLabel, Appearance::dark));
+  EXPECT_EQ(appearanceOf(&other), Appearance::light);
+  EXPECT_EQ(appearanceOf(nullptr), Appearance::light);
+  system_.setOverride(Appearance::dark);
+  EXPECT_EQ(appearanceOf(&other), Appearance::dark);
+  own.setChosenAppearance(Appearance::light);
+  EXPECT_EQ(appearanceOf(view), Appearance::light);
+  EXPECT_EQ(view->palette().color(QPalette::WindowText), color(kLabel, Appearance::light));
+  own.setChosenAppearance(std::nullopt);
+  EXPECT_EQ(view->palette().color(QPalette::WindowText), color(kLabel, Appearance::dark));
+}
+
+TEST(SystemAppearanceFallback, IsWhatTheDesktopsPaletteLooksLike) {
+  for (const Appearance appearance : {Appearance::dark, Appearance::light}) {
+    QApplication::setPalette(paletteFor(appearance));
+    EXPECT_EQ(SystemAppearance().current(), appearance);
+  }
+}
+
+TEST_F(SystemAppearanceTest, ClocksGetDigitsOfOneWidth) {
+  for (const FontWeight weight : {FontWeight::regular, FontWeight::bold}) {
+    const QFontMetricsF metrics(tabularDigitsFont(40.0, weight));
+    for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
+      EXPECT_NEAR(metrics.horizontalAdvance(QChar(digit)), metrics.horizontalAdvance(u'0'), 0.3);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tarvel

@@ -1,0 +1,164 @@
+#include "ui/Window.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+namespace tarvel {
+namespace {
+
+struct RecordingDelegate : WindowDelegate {
+  bool windowShouldClose() override {
+    ++asked;
+    return mayClose;
+  }
+  void windowWillClose() override {
+    ++closings;
+    visibleAtClosing = window && window->isVisible() && Window::orderedWindows().size() == 1;
+    if (window) window->close();
+  }
+  void windowDidResize() override { ++resizes; }
+  Rect windowWillUseStandardFrame(const Rect& area) override {
+    standardFor = area;
+    return {window->frame().x, window->frame().y, window->frame().width, 3000};
+  }
+  bool windowShouldZoom(const Rect&) override { return mayZoom; }
+
+  Window* window = nullptr;
+  bool mayClose = true;
+  bool mayZoom = true;
+  int asked = 0;
+  int closings = 0;
+  int resizes = 0;
+  bool visibleAtClosing = false;
+  Rect standardFor;
+};
+
+class WindowTest : public testing::Test {
+ protected:
+  WindowTest() {
+    delegate_.window = &window_;
+    window_.setDelegate(&delegate_);
+  }
+  RecordingDelegate delegate_;
+  Window window_;
+};
+
+TEST_F(WindowTest, ItsFrameIsTheOneSetBeforeAndAfterItIsShown) {
+  const Rect frame{120, 80, 400, 300};
+  window_.setFrame(frame);
+  EXPECT_EQ(window_.frame(), frame);
+  window_.show();
+  QApplication::processEvents();
+  EXPECT_EQ(window_.frame(), frame);
+  EXPECT_EQ(window_.frameGeometry().bottom() + 1, window_.screenFrame().height - 80);
+  window_.setFrameTopLeftPoint({10, 500});
+  EXPECT_EQ(window_.frame(), (Rect{10, 200, 400, 300}));
+}
+
+TEST_F(WindowTest, SavedFramesComeBackToThePixelHoweverOften) {
+  window_.setFrame({33, 44, 401, 303});
+  std::string text = window_.stringWithSavedFrame();
+  for (int i = 0; i < 3; ++i) {
+    Window next;
+    ASSERT_TRUE(next.setFrameFromString(text));
+    next.show();
+    QApplication::processEvents();
+    EXPECT_EQ(next.frame(), window_.frame());
+    EXPECT_EQ(next.stringWithSavedFrame(), text);
+    text = next.stringWithSavedFrame();
+  }
+  EXPECT_FALSE(window_.setFrameFromString("here and there"));
+  EXPECT_EQ(window_.frame(), (Rect{33, 44, 401, 303}));
+}
+
+TEST_F(WindowTest, AFullScreenWindowSavesTheFrameItReturnsTo) {
+  window_.setFrame({33, 44, 401, 303});
+  window_.show();
+  QApplication::processEvents();
+  const std::string text = window_.stringWithSavedFrame();
+  window_.showFullScreen();
+  QApplication::processEvents();
+  EXPECT_NE(window_.frame(), (Rect{33, 44, 401, 303}));
+  EXPECT_EQ(window_.stringWithSavedFrame(), text);
+  const Rect full = window_.frame();
+  window_.setFrame({0, 0, 200, 200});
+  EXPECT_EQ(window_.frame(), full);
+}
+
+TEST_F(WindowTest, FramesKeepToTheirLimits) {
+  window_.setFrameLimits({300, 200}, {600, 500});
+  window_.setFrame({50, 100, 10, 10});
+  EXPECT_EQ(Size({window_.frame().width, window_.frame().height}), (Size{300, 200}));
+  EXPECT_EQ(window_.frame().maxY(), 110) << "the upper edge stays";
+  window_.setFrame({50, 20, 700, 700});
+  EXPECT_EQ(Size({window_.frame().width, window_.frame().height}), (Size{600, 500}));
+  EXPECT_EQ(window_.smallestFrame(), (Size{300, 200}));
+}
+
+TEST_F(WindowTest, ZoomsToTheDelegatesFrameAndBack) {
+  const Rect small{50, 100, 300, 200};
+  window_.setFrame(small);
+  window_.show();
+  delegate_.mayZoom = false;
+  window_.zoom();
+  EXPECT_EQ(window_.frame(), small);
+  delegate_.mayZoom = true;
+  window_.zoom();
+  const Rect area = window_.visibleFrame();
+  EXPECT_EQ(delegate_.standardFor, area);
+  EXPECT_EQ(window_.frame(), (Rect{50, area.y, 300, area.height}));
+  window_.zoom();
+  EXPECT_EQ(window_.frame(), small);
+}
+
+TEST_F(WindowTest, CascadesFromASibling) {
+  window_.setFrame({100, 200, 300, 200});
+  Window next;
+  next.setFrame(window_.frame());
+  const Rect frame = window_.frame();
+  next.setFrameTopLeftPoint(next.cascadeTopLeftFromPoint({frame.x, frame.maxY()}));
+  EXPECT_EQ(next.frame(), (Rect{124, 176, 300, 200}));
+}
+
+TEST_F(WindowTest, TheUsersClosingAsksTheDelegateFirst) {
+  const struct {
+    const char* name;
+    void (*close)(Window&);
+    bool asks;
+  } cases[] = {
+      {"performClose", [](Window& w) { w.performClose(); }, true},
+      {"the window manager's button", [](Window& w) { static_cast<QWidget&>(w).close(); }, true},
+      {"close", [](Window& w) { w.close(); }, false},
+  };
+  for (const auto& c : cases) {
+    for (const bool mayClose : {false, true}) {
+      delegate_.mayClose = mayClose;
+      delegate_.asked = delegate_.closings = 0;
+      window_.show();
+      int closed = 0;
+      const auto counting = QObject::connect(&window_, &Window::closed, [&] { ++closed; });
+      c.close(window_);
+      const bool closes = mayClose || !c.asks;
+      EXPECT_EQ(delegate_.asked, c.asks ? 1 : 0) << c.name;
+      EXPECT_EQ(delegate_.closings, closes ? 1 : 0) << c.name;
+      EXPECT_EQ(window_.isVisible(), !closes) << c.name;
+      EXPECT_EQ(closed, closes ? 1 : 0) << c.name;
+      QObject::disconnect(counting);
+      EXPECT_TRUE(!closes || delegate_.visibleAtClosing) << c.name;
+    }
+  }
+}
+
+TEST_F(WindowTest, TellsOfItsResizing) {
+  window_.show();
+  QApplication::processEvents();
+  delegate_.resizes = 0;
+  window_.setFrame({50, 100, 333, 222});
+  EXPECT_EQ(delegate_.resizes, 1);
+  window_.setFrameTopLeftPoint({60, 400});
+  EXPECT_EQ(delegate_.resizes, 1);
+}
+
+}  // namespace
+}  // namespace tarvel
