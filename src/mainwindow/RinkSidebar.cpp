@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QScrollArea>
+#include <QStackedLayout>
 #include <QVBoxLayout>
 
 #include "mainwindow/RefreshTexts.h"
@@ -29,17 +30,18 @@ RinkSidebar::RinkSidebar(const WindowContext& context, QWidget* parent)
   refreshStatus_ =
       new RefreshStatusView(context.services, RefreshStatusView::Arrangement::buttonThenText, this);
 
-  auto* explanationRow = new QHBoxLayout;
-  explanationRow->setContentsMargins(kExplanationMargin, 0, kExplanationMargin, 0);
-  explanationRow->addWidget(explanation_);
+  explanation_->setContentsMargins(kExplanationMargin, 0, kExplanationMargin, 0);
+  // One of the two has all the room.
+  rinkListOrExplanation_ = new QStackedLayout;
+  rinkListOrExplanation_->addWidget(rinkListScroller_);
+  rinkListOrExplanation_->addWidget(explanation_);
   auto* statusRow = new QHBoxLayout;
   statusRow->setContentsMargins(kStatusMargin, kStatusMargin + kBorder, kStatusMargin, kStatusMargin);
   statusRow->addWidget(refreshStatus_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, kBorder, 0);
   column->setSpacing(0);
-  column->addWidget(rinkListScroller_, 1);
-  column->addLayout(explanationRow, 1);
+  column->addLayout(rinkListOrExplanation_, 1);
   column->addLayout(statusRow);
 
   rinkListView_->listLoaded = [this] { updateTexts(); };
@@ -57,8 +59,11 @@ void RinkSidebar::close() {
 void RinkSidebar::updateTexts() {
   const bool empty = rinkListView_->rinks().empty();
   explanation_->setTextUtf8(empty ? emptyListText(dataModel_, dataModel_.tarvelServerURL) : std::string());
-  explanation_->setVisible(empty);
-  rinkListScroller_->setVisible(!empty);
+  if (empty) {
+    rinkListOrExplanation_->setCurrentWidget(explanation_);
+  } else {
+    rinkListOrExplanation_->setCurrentWidget(rinkListScroller_);
+  }
 }
 
 void RinkSidebar::paintEvent(QPaintEvent*) {

@@ -5,6 +5,7 @@
 #include "mainwindow/RinkListView.h"
 
 class QScrollArea;
+class QStackedLayout;
 
 namespace tarvel {
 
@@ -30,6 +31,7 @@ class RinkSidebar : public QWidget {
 
   DataModel& dataModel_;
   QScrollArea* rinkListScroller_;
+  QStackedLayout* rinkListOrExplanation_;
   RinkListView* rinkListView_;
   TextLabel* explanation_;
   RefreshStatusView* refreshStatus_;

@@ -45,18 +45,21 @@ QSize TextLabel::minimumSizeHint() const {
 }
 
 int TextLabel::heightForWidth(int width) const {
-  const Size limit{static_cast<double>(std::max(1, width)), 0.0};
+  const QMargins margins = contentsMargins();
+  const Size limit{static_cast<double>(std::max(1, width - margins.left() - margins.right())), 0.0};
   return std::max(pixels(boundingRect(attributedText(), limit, TextFit::wrap).height),
                   minimumSizeHint().height());
 }
 
 void TextLabel::paintEvent(QPaintEvent*) {
-  const Size room{static_cast<double>(width()), static_cast<double>(height())};
+  const QRect area = contentsRect();
+  const Size room{static_cast<double>(area.width()), static_cast<double>(area.height())};
   const AttributedText text = attributedText();
   const double height = boundingRect(text, room, TextFit::wrapAndTruncate).height;
   QPainter painter(this);
-  draw(painter, {0.0, std::floor((room.height - height) / 2), room.width, height}, text,
-       TextFit::wrapAndTruncate, appearanceOf(this));
+  draw(painter,
+       {static_cast<double>(area.x()), area.y() + std::floor((room.height - height) / 2), room.width, height},
+       text, TextFit::wrapAndTruncate, appearanceOf(this));
 }
 
 bool TextLabel::event(QEvent* event) {

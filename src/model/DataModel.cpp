@@ -29,7 +29,9 @@ DataModel::DataModel(const Services& services, MessageLog& errorLog, ClockTimer&
       context_{services, errorLog, clockTimer, std::move(supportFolder)},
       logos_(services, errorLog, join(context_.supportFolder, kLogosFolder)) {}
 
-DataModel::~DataModel() = default;
+DataModel::~DataModel() {
+  for (const auto& rink : recentRinks) rink->retire();
+}
 
 void DataModel::setRefresher(MasterRefresher& refresher) {
   refresher_ = &refresher;

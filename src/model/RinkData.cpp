@@ -23,7 +23,13 @@ RinkData::RinkData(const RinkContext& context, std::int64_t id)
 }
 
 RinkData::~RinkData() {
+  if (!retired_) context_.clockTimer.removeTimeDelegate(*this);
+}
+
+void RinkData::retire() {
+  retired_ = true;
   context_.clockTimer.removeTimeDelegate(*this);
+  refresher_->invalidateTimer();
 }
 
 std::shared_ptr<RinkData> RinkData::create(const RinkContext& context, std::int64_t rinkID,

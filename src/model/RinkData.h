@@ -43,6 +43,9 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   static std::shared_ptr<RinkData> fromState(const RinkContext& context,
                                              const PropertyList::Dictionary& state);
   ~RinkData() override;
+  /// The rink leaves the model, which may end now: it leaves the clock, and its timer is dropped. Whoever
+  /// still holds it, such as a notification under way, sees what it last held.
+  void retire();
 
   const std::int64_t rinkID;
   // Kept from run to run:
@@ -129,6 +132,7 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   double prevMinute_ = 0.0;  ///< the last whole minute seen, since the reference date
   std::string photosFolder_;
   std::unique_ptr<RinkRefresher> refresher_;
+  bool retired_ = false;
 };
 
 }  // namespace tarvel

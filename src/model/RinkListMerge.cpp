@@ -64,7 +64,7 @@ void DataModel::dropRinksThatHaveGone() {
   for (std::size_t i = recentRinks.size(); i-- > 0;) {
     const std::shared_ptr<RinkData> rink = recentRinks[i];
     if (rinkInfo(rink->rinkID)) continue;
-    rink->refresher().invalidateTimer();
+    rink->retire();
     recentRinks.erase(recentRinks.begin() + static_cast<std::ptrdiff_t>(i));
     rink->postNotification(kRinkDataRemoved);
     noteStateChanged();

@@ -33,7 +33,9 @@ void DataModel::prepareToQuit() {
 void DataModel::dropStaleRinks() {
   const Instant now = context_.services.clock.now();
   std::erase_if(recentRinks, [&](const std::shared_ptr<RinkData>& rink) {
-    return !rink->rinkInfo() || !rink->lastViewed || now - *rink->lastViewed > kStaleRinkAge;
+    const bool fresh = rink->rinkInfo() && rink->lastViewed && now - *rink->lastViewed <= kStaleRinkAge;
+    if (!fresh) rink->retire();
+    return !fresh;
   });
 }
 

@@ -94,7 +94,7 @@ void checkNamedColors() {
 
 void setDesktopAccent(std::optional<QColor> accent) {
   const bool usable = accent && accent->isValid() && contrastRatio(*accent, Qt::white) >= kReadableContrast;
-  desktopAccent() = usable ? std::move(accent) : std::nullopt;
+  desktopAccent() = usable ? accent : std::nullopt;
 }
 
 std::span<const NamedColor> allNamedColors() {

@@ -61,7 +61,7 @@ double contrastRatio(const QColor& a, const QColor& b);
 class ColorSource {
  public:
   ColorSource(NamedColor name) : value_(name) {}
-  ColorSource(QColor fixed) : value_(std::move(fixed)) {}
+  ColorSource(QColor fixed) : value_(fixed) {}
   ColorSource(const Color& fixed) : value_(toQColor(fixed)) {}
   QColor resolve(Appearance appearance) const;
   friend bool operator==(const ColorSource&, const ColorSource&) = default;

@@ -34,7 +34,7 @@ std::shared_ptr<const TextLayout> TextCache::layout(const AttributedText& text, 
   entries_.push_front({key, characters, std::make_shared<TextLayout>(text, limit, fit, key.appearance)});
   index_.emplace(std::move(key), entries_.begin());
   characters_ += characters;
-  const auto made = entries_.front().layout;
+  auto made = entries_.front().layout;
   while (entries_.size() > 1 && (entries_.size() > kMaxTexts || characters_ > kMaxCharacters)) dropOldest();
   return made;
 }

@@ -106,14 +106,13 @@ void Window::noteMargins() {
   if (isTitleBarPlaced_ || known == FrameMargins{}) return;
   isTitleBarPlaced_ = true;
   // Only now is it known what the manager puts around the content.
-  Rect placed = frame();
+  Rect placed = requestedFrame_.value_or(frame());
   const Rect area = visibleFrame();
   const bool tooTall = placed.height > area.height;
-  const double above = placed.maxY() - area.maxY();
-  if (!tooTall && above <= 0.0) return;
   if (tooTall) placed.height = area.height;
-  placed.y = area.maxY() - placed.height;
-  setFrame(placed);
+  if (tooTall || placed.maxY() > area.maxY()) placed.y = area.maxY() - placed.height;
+  if (placed != frame()) setFrame(placed);
+  requestedFrame_.reset();
 }
 
 void Window::applyLimits() {
@@ -147,7 +146,10 @@ Rect Window::frame() const {
 }
 
 void Window::setFrame(const Rect& frame) {
-  if (!followsManager()) setContent(contentWithin(frame, margins()));
+  if (followsManager()) return;
+  // A frame that is only given back leaves what was restored as it was.
+  if (!isTitleBarPlaced_ && frame != this->frame()) requestedFrame_ = frame;
+  setContent(contentWithin(frame, margins()));
 }
 
 void Window::setFrameTopLeftPoint(Point topLeft) {
@@ -182,6 +184,7 @@ std::string Window::stringWithSavedFrame() const {
 bool Window::setFrameFromString(const std::string& text) {
   const auto saved = parseSavedFrame(text);
   if (!saved) return false;
+  requestedFrame_.reset();
   setContent(placeOnScreens(*saved, margins(), screenAreas()));
   return true;
 }

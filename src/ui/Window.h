@@ -110,7 +110,8 @@ class Window : public QWidget, private Counted<Window> {
   WindowDelegate* delegate_ = nullptr;
   Size smallest_;
   Size largest_;
-  FrameMargins limitsMargins_;  ///< those that the limits of the content were made with
+  FrameMargins limitsMargins_;          ///< those that the limits of the content were made with
+  std::optional<Rect> requestedFrame_;  ///< set before the margins were known
   std::optional<Rect> frameBeforeZoom_;
   std::optional<Appearance> chosenAppearance_;
   bool isTitleBarPlaced_ = false;

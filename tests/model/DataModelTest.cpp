@@ -1,5 +1,4 @@
 #include "ModelFixture.h"
-#include "support/CorruptBytes.h"
 
 namespace tarvel {
 namespace {
@@ -33,24 +32,6 @@ TEST_F(DataModelTest, DefsAnnounceWhatDiffers) {
   EXPECT_EQ(announced(), Texts{"schedule names changed"});
   model.adoptDefs({{4.0}, {"A", "B", "C"}, {white(0.1), white(0.3)}});
   EXPECT_EQ(announced(), Texts{"schedule colors changed"});
-}
-
-TEST_F(DataModelTest, AFirstStartAsksForBothFiles) {
-  model.start(nullptr);
-  EXPECT_EQ(taken(), (Texts{"/defs.b1", "/rinks.b1", "schedule"}));
-  EXPECT_FALSE(model.appIsLaunching);
-  EXPECT_TRUE(model.rinkList.empty());
-}
-
-TEST_F(DataModelTest, DamagedLocalFilesCountAsMissing) {
-  store("defs.b1", {1, 2});
-  store("rinks.b1", cutAt(site.rinkList(), 100));
-  model.start(nullptr);
-  EXPECT_EQ(taken(), (Texts{"/defs.b1", "/rinks.b1", "schedule"}));
-  EXPECT_FALSE(exists("defs.b1") || exists("rinks.b1")) << "their dates must not vouch for them";
-  ASSERT_EQ(log->logMessages().size(), 2U);
-  EXPECT_EQ(log->logMessages()[1].msg,
-            "Unable to decode file: " + kFolder + "/rinks.b1 -- the data ends early");
 }
 
 TEST_F(DataModelTest, TheOldCatalogueServesUntilTheNewOneIsThere) {

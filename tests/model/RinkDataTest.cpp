@@ -1,5 +1,4 @@
 #include "ModelFixture.h"
-#include "foundation/DecodeError.h"
 
 namespace tarvel {
 namespace {
@@ -159,6 +158,24 @@ TEST_F(RinkDataTest, ARinkThatTheCatalogueLearnsOfLaterIsJoinedToItsRecord) {
   EXPECT_TRUE(sim.console.printed("rinkInfo changed"));
 }
 
+TEST_F(RinkDataTest, ANotificationUnderWayMayOutliveTheModel) {
+  auto world = std::make_unique<SimServices>();
+  {
+    ClockTimer ownClock(world->services);
+    RecordingRefresher ownRefresher;
+    DataModel own(world->services, *log, ownClock, kFolder, "");
+    own.setRefresher(ownRefresher);
+    own.mergeRinkList(decodeRinkList(site.rinkList()));
+    own.rinkData(7);
+    own.rinkData(12);
+    site.rinks.pop_back();
+    own.mergeRinkList(decodeRinkList(site.rinkList()));
+  }
+  EXPECT_EQ(RinkData::liveCount(), 2) << "the rinks that were announced";
+  world.reset();
+  EXPECT_EQ(RinkData::liveCount(), 0);
+}
+
 TEST_F(RinkDataTest, TheStoredHeaderIsReadOnceAndRequestedUnlessItIsThePromisedOne) {
   const struct {
     const char* what;
@@ -166,7 +183,8 @@ TEST_F(RinkDataTest, TheStoredHeaderIsReadOnceAndRequestedUnlessItIsThePromisedO
     std::optional<Instant> promised;
     std::size_t venues;
     Texts requests;
-  } cases[] = {{"missing", false, Instant{792'000'000.75}, 0, {"7: /main.b1"}},
+  } cases[] = {{"unreadable", true, Instant{792'000'000.75}, 0, {"7: /main.b1"}},
+               {"missing", false, Instant{792'000'000.75}, 0, {"7: /main.b1"}},
                {"as promised", true, Instant{792'000'000.75}, 2, {}},
                {"stale", true, Instant{792'000'001.75}, 2, {"7: /main.b1"}},
                {"never promised", true, std::nullopt, 2, {"7: /main.b1"}}};
@@ -177,6 +195,10 @@ TEST_F(RinkDataTest, TheStoredHeaderIsReadOnceAndRequestedUnlessItIsThePromisedO
     const auto rink = RinkData::create(context(), 7, model.rinkInfo(7));
     rink->mainFileDate = c.promised;
     announced();
+    if (c.what == std::string_view("unreadable")) {
+      sim.disk.failOperation(1, MemoryFileSystem::Repeat::once,
+                             {MemoryFileSystem::Operation::read, "main.b1"});
+    }
     for (int i = 0; i < 2; ++i) rink->readMainFile();
     EXPECT_EQ(taken(), c.requests);
     EXPECT_EQ(rink->venues.size(), c.venues);
@@ -222,23 +244,6 @@ TEST_F(RinkDataTest, AStoredHeaderFillsTheRink) {
   EXPECT_EQ(announced(), Texts{});
   rink->setPhotosFolder("photos");
   EXPECT_EQ(announced(), Texts{"photo collection changed"});
-}
-
-TEST_F(RinkDataTest, AHeaderThatCantBeReadIsRequested) {
-  const auto rink = storedRink(site.rinks[0]);
-  sim.disk.failOperation(1, MemoryFileSystem::Repeat::once, {MemoryFileSystem::Operation::read, "main.b1"});
-  rink->readMainFile();
-  EXPECT_EQ(taken(), Texts{"7: /main.b1"});
-  EXPECT_TRUE(rink->venues.empty() && rink->mainFileRead);
-
-  store("rink-7/main.b1", {1, 2}, site.rinks[0].mainDate.actual);
-  rink->mainFileRead = false;
-  rink->readMainFile();
-  EXPECT_EQ(taken(), Texts{"7: /main.b1"});
-  EXPECT_FALSE(exists("rink-7/main.b1")) << "its date must not vouch for a damaged file";
-  ASSERT_EQ(log->logMessages().size(), 1U);
-  EXPECT_EQ(log->logMessages()[0].msg,
-            "Unable to decode file: " + kFolder + "/rink-7/main.b1 -- the data ends early");
 }
 
 }  // namespace

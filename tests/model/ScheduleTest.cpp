@@ -1,5 +1,4 @@
 #include "ModelFixture.h"
-#include "foundation/DecodeError.h"
 
 namespace tarvel {
 namespace {
@@ -133,18 +132,6 @@ TEST_F(ScheduleTest, ItemsComeFromThePromisedFileAndAreAskedForOnce) {
     EXPECT_EQ(stale->items(), nullptr);
     EXPECT_EQ(taken(), Texts{}) << "no second request while one runs, nor after it failed";
   }
-}
-
-TEST_F(ScheduleTest, ADamagedStoredWeekCountsAsMissingAndIsToldOnce) {
-  const auto data = rink();
-  const auto week = data->venues[0]->weeklySchedule(kWeek);
-  store("rink-7/venue-1_week-2026-03-08.b1", {1, 2, 3}, week->fileDate);
-  EXPECT_EQ(week->items(), nullptr);
-  EXPECT_EQ(taken(), Texts{"7: venue-1_week-2026-03-08.b1"});
-  week->setDownloadStatus(DownloadStatus::requested());
-  EXPECT_EQ(week->items(), nullptr);
-  ASSERT_EQ(log->logMessages().size(), 1U);
-  EXPECT_NE(log->logMessages()[0].msg.find("venue-1_week-2026-03-08.b1"), std::string::npos);
 }
 
 }  // namespace

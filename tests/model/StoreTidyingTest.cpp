@@ -31,8 +31,9 @@ TEST_F(StoreTidyingTest, RinksNotViewedForFourWeeksAreDroppedAtQuit) {
   announced();
   taken();
   model.prepareToQuit();
-  EXPECT_EQ(taken(), (Texts{"invalidate", "7: invalidate", "12: invalidate", "20: invalidate",
-                            "30: invalidate", "99: invalidate"}));
+  EXPECT_EQ(taken(),
+            (Texts{"invalidate", "7: invalidate", "12: invalidate", "20: invalidate", "30: invalidate",
+                   "99: invalidate", "20: invalidate", "30: invalidate", "99: invalidate"}));
   EXPECT_EQ(announced(), Texts{});
   for (const auto& c : cases) {
     EXPECT_EQ(exists("rink-" + std::to_string(c.rinkID)), c.stays) << c.rinkID;

@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
+
 #include "platform/posix/PosixFileSystem.h"
 #include "support/MemoryFileSystem.h"
 #include "support/SimWorld.h"
@@ -17,20 +19,16 @@ Bytes bytesOf(std::string_view text) {
 }
 
 TEST(Paths, Parts) {
-  struct Case {
-    const char *path, *name, *parent, *stem, *extension;
-  };
-  const Case cases[] = {{"/a/b.b1", "b.b1", "/a", "b", "b1"},
-                        {"/a", "a", "/", "a", ""},
-                        {"/x/.a", ".a", "/x", ".a", ""},
-                        {"/x/a.tar.gz", "a.tar.gz", "/x", "a.tar", "gz"},
-                        {"/x.d/a", "a", "/x.d", "a", ""}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(fileNameOf(c.path), c.name);
-    EXPECT_EQ(parentOf(c.path), c.parent);
-    EXPECT_EQ(join(c.parent, c.name), c.path);
-    EXPECT_EQ(withoutExtension(c.name), c.stem);
-    EXPECT_EQ(extensionOf(c.name), c.extension);
+  const std::array<const char*, 5> cases[] = {{"/a/b.b1", "b.b1", "/a", "b", "b1"},
+                                              {"/a", "a", "/", "a", ""},
+                                              {"/x/.a", ".a", "/x", ".a", ""},
+                                              {"/x.d/a.tar.gz", "a.tar.gz", "/x.d", "a.tar", "gz"}};
+  for (const auto& [path, name, parent, stem, extension] : cases) {
+    EXPECT_EQ(fileNameOf(path), name);
+    EXPECT_EQ(parentOf(path), parent);
+    EXPECT_EQ(join(parent, name), path);
+    EXPECT_EQ(withoutExtension(name), stem);
+    EXPECT_EQ(extensionOf(name), extension);
   }
 }
 
@@ -52,9 +50,7 @@ INSTANTIATE_TEST_SUITE_P(, FileSystemContract, testing::Bool(),
                          [](const auto& instance) { return instance.param ? "real" : "memory"; });
 
 TEST_P(FileSystemContract, KeepsContentAndAttributes) {
-  Bytes large(300'000);
-  for (std::size_t i = 0; i < large.size(); ++i) large[i] = static_cast<std::uint8_t>(i * 7);
-  for (const Bytes& content : {bytesOf("first, and longer"), large, bytesOf("second"), Bytes{}}) {
+  for (const Bytes& content : {bytesOf("first"), Bytes(300'000, 7), bytesOf("second"), Bytes{}}) {
     ASSERT_TRUE(disk_.write(at("f"), content));
     EXPECT_EQ(*disk_.read(at("f")), content);
     EXPECT_EQ(disk_.info(at("f"))->size, static_cast<std::int64_t>(content.size()));
@@ -62,57 +58,45 @@ TEST_P(FileSystemContract, KeepsContentAndAttributes) {
   ASSERT_TRUE(disk_.setAttributes(at("f"), {Instant{-86'400.5}, {}}));
   ASSERT_TRUE(disk_.setAttributes(at("f"), {{}, std::uint16_t{0700}}));
   EXPECT_EQ(disk_.info(at("f"))->modificationDate, Instant{-86'400.5});
-  EXPECT_TRUE(disk_.sync(at("f")));
-  EXPECT_TRUE(disk_.sync(folder_));
+  EXPECT_TRUE(disk_.sync(at("f")) && disk_.sync(folder_));
 }
 
 TEST_P(FileSystemContract, ListsInOrderOfNames) {
   for (const char* name : {"b", ".hidden", "a", "B", "10", "9"}) ASSERT_TRUE(disk_.write(at(name), {}));
   ASSERT_TRUE(disk_.createFolders(at("aa")));
-  ASSERT_TRUE(disk_.createFolders(at("aa")));
   std::string all, visible;
-  for (const FolderEntry& entry : *disk_.list(folder_)) {
-    all += entry.name + (entry.kind == FileKind::folder ? "/ " : " ");
-  }
+  for (const FolderEntry& entry : *disk_.list(folder_)) all += entry.name + " ";
   for (const FolderEntry& entry : *listVisible(disk_, folder_)) visible += entry.name + " ";
-  EXPECT_EQ(all, ".hidden 10 9 B a aa/ b ");
+  EXPECT_EQ(all, ".hidden 10 9 B a aa b ");
   EXPECT_EQ(visible, "10 9 B a aa b ");
 }
 
 TEST_P(FileSystemContract, RenamesOverAFileAndRemovesTrees) {
-  ASSERT_TRUE(disk_.write(at("old"), bytesOf("old")));
-  ASSERT_TRUE(disk_.write(at("new"), bytesOf("new")));
-  ASSERT_TRUE(disk_.rename(at("new"), at("old")));
-  EXPECT_EQ(*disk_.read(at("old")), bytesOf("new"));
-  EXPECT_FALSE(disk_.info(at("new")));
-
   ASSERT_TRUE(disk_.createFolders(at("tree/of/folders")));
-  ASSERT_TRUE(disk_.write(at("tree/of/file"), bytesOf("x")));
+  ASSERT_TRUE(disk_.write(at("tree/of/old"), bytesOf("old")));
+  ASSERT_TRUE(disk_.write(at("tree/of/new"), bytesOf("new")));
+  ASSERT_TRUE(disk_.rename(at("tree/of/new"), at("tree/of/old")));
+  EXPECT_EQ(*disk_.read(at("tree/of/old")), bytesOf("new"));
   ASSERT_TRUE(disk_.remove(at("tree")));
-  EXPECT_FALSE(disk_.info(at("tree")));
-  EXPECT_TRUE(disk_.remove(at("old")));
   EXPECT_TRUE(disk_.list(folder_)->empty());
 }
 
 TEST_P(FileSystemContract, FailsInWords) {
   ASSERT_TRUE(disk_.write(at("file"), {}));
-  const std::pair<const char*, std::optional<Error>> failures[] = {
-      {"read nothing", disk_.read(at("none")).error()},
-      {"read a folder", disk_.read(folder_).error()},
-      {"write in nothing", disk_.write(at("none/f"), {}).error()},
-      {"write a folder", disk_.write(folder_, {}).error()},
-      {"date of nothing", disk_.setAttributes(at("none"), {Instant{}, {}}).error()},
-      {"sync nothing", disk_.sync(at("none")).error()},
-      {"rename nothing", disk_.rename(at("none"), at("f")).error()},
-      {"remove nothing", disk_.remove(at("none")).error()},
-      {"list nothing", disk_.list(at("none")).error()},
-      {"list a file", disk_.list(at("file")).error()},
-      {"folder over a file", disk_.createFolders(at("file")).error()},
-      {"folder in a file", disk_.createFolders(at("file/folder")).error()},
-  };
-  for (const auto& [what, error] : failures) EXPECT_FALSE(error->description.empty()) << what;
-  EXPECT_EQ(disk_.read(at("none")).error().description, "No such file or directory");
-  EXPECT_FALSE(disk_.info(at("none")));
+  const std::optional<Error> failures[] = {disk_.read(at("none")).error(),
+                                           disk_.read(folder_).error(),
+                                           disk_.write(at("none/f"), {}).error(),
+                                           disk_.write(folder_, {}).error(),
+                                           disk_.setAttributes(at("none"), {Instant{}, {}}).error(),
+                                           disk_.sync(at("none")).error(),
+                                           disk_.rename(at("none"), at("f")).error(),
+                                           disk_.remove(at("none")).error(),
+                                           disk_.list(at("none")).error(),
+                                           disk_.list(at("file")).error(),
+                                           disk_.createFolders(at("file")).error(),
+                                           disk_.createFolders(at("file/folder")).error()};
+  for (const auto& error : failures) EXPECT_FALSE(error->description.empty()) << &error - failures;
+  EXPECT_EQ(failures[0]->description, "No such file or directory");
 }
 
 TEST(PosixFileSystem, FollowsLinksOnlyToRead) {

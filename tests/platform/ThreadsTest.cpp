@@ -1,7 +1,6 @@
 #include "platform/Threads.h"
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 #include <atomic>
 #include <future>
@@ -51,11 +50,9 @@ TEST_P(ThreadsContract, RunsTasksInOrderOnItsOwnThread) {
   RunLoop* loop = nullptr;
   std::unique_ptr<Timer> timer;
   std::string order;
-  bool currentInMain = false, currentInTask = false;
   std::promise<void> idle;
   const auto thread = start([&](RunLoop& own) {
     loop = &own;
-    currentInMain = own.isCurrent();
     timer = own.after(kFarAway, [] {});
     own.postWhenIdle([&] {
       order += "idle";
@@ -63,30 +60,20 @@ TEST_P(ThreadsContract, RunsTasksInOrderOnItsOwnThread) {
     });
     own.post([&] {
       order += "1 ";
-      own.post([&] {
-        order += "3 ";
-        own.post([&] { order += "4 "; });
-      });
+      own.post([&] { order += own.isCurrent() ? "3 " : "elsewhere "; });
     });
-    own.post([&] {
-      order += "2 ";
-      currentInTask = own.isCurrent();
-    });
+    own.post([&] { order += "2 "; });
   });
   waitFor(idle);
-  thread->postAndWait([&] {
-    EXPECT_EQ(order, "1 2 3 4 idle");
-    EXPECT_TRUE(currentInMain && currentInTask);
-  });
   EXPECT_FALSE(loop->isCurrent());
-  std::thread::id other = std::this_thread::get_id();
-  thread->postAndWait([&] { other = std::this_thread::get_id(); });
-  EXPECT_EQ(other == std::this_thread::get_id(), !real());
-  thread->postAndWait([&] { timer.reset(); });
+  thread->postAndWait([&] {
+    EXPECT_EQ(order, "1 2 3 idle");
+    timer.reset();
+  });
 }
 
 TEST_P(ThreadsContract, TimersFireAndEndInTheirOwnAction) {
-  std::unique_ptr<Timer> repeating, once, moved, never;
+  std::unique_ptr<Timer> repeating, once, never;
   int firings = 0, onceFirings = 0;
   std::promise<void> done;
   const auto thread = start([&](RunLoop& loop) {
@@ -94,20 +81,14 @@ TEST_P(ThreadsContract, TimersFireAndEndInTheirOwnAction) {
     never.reset();
     once = loop.after(0.0, [&] {
       ++onceFirings;
-      EXPECT_EQ(once->secondsUntilFire(), 0.0);
       once->fireAfter(0.0);  // to no effect
     });
     repeating = loop.every(0.001, 0.002, [&, large = std::string(1000, 'x')] {
       if (++firings < 3) return;
       repeating.reset();
       EXPECT_EQ(large.size(), 1000u) << "the action lives until it is over";
-      moved->fireAfter(0.0);
-    });
-    moved = loop.after(kFarAway, [&] {
-      moved.reset();
       done.set_value();
     });
-    EXPECT_GT(moved->secondsUntilFire(), kFarAway - 1'000);
   });
   waitFor(done);
   waitForEnd(*thread);  // no timer is left
@@ -116,26 +97,20 @@ TEST_P(ThreadsContract, TimersFireAndEndInTheirOwnAction) {
 }
 
 TEST_P(ThreadsContract, EndsWithoutTimersOrWhenToldTo) {
+  bool ran = false;
   const auto withoutTimers = start([](RunLoop&) {});
   waitForEnd(*withoutTimers);
-  bool ran = false;
-  withoutTimers->post([&] { ran = true; });
   withoutTimers->postAndWait([&] { ran = true; });
-  EXPECT_FALSE(ran);
-
   std::unique_ptr<Timer> timer;
   std::atomic<bool> goOn{true};
-  bool ranAfterEnd = false;
   const auto told =
       start([&](RunLoop& loop) { timer = loop.after(kFarAway, [] {}); }, [&] { return goOn.load(); });
-  told->postAndWait([] {});
-  EXPECT_FALSE(told->ended());
   told->postAndWait([&] {
     goOn = false;
-    told->post([&] { ranAfterEnd = true; });
+    told->post([&] { ran = true; });
   });
   waitForEnd(*told);
-  EXPECT_FALSE(ranAfterEnd) << "the queue is dropped with the end of the pass";
+  EXPECT_FALSE(ran) << "the queue is dropped with the end of the pass";
 }
 
 TEST_P(ThreadsContract, DestroyingDropsTheQueueAndWakesTheLoop) {
@@ -144,19 +119,8 @@ TEST_P(ThreadsContract, DestroyingDropsTheQueueAndWakesTheLoop) {
   {
     const auto waiting = start([&](RunLoop& loop) { timer = loop.after(kFarAway, [] {}); });
     waiting->postAndWait([] {});
+    for (int i = 0; i < 100; ++i) waiting->post([kept] { ++*kept; });
   }
-  {
-    std::promise<void> mayEnd;
-    const auto busy = start([&](RunLoop& loop) {
-      timer = loop.after(kFarAway, [] {});
-      loop.post([&, kept] {
-        if (real()) mayEnd.get_future().wait();
-      });
-    });
-    for (int i = 0; i < 100; ++i) busy->post([kept] { ++*kept; });
-    mayEnd.set_value();
-  }
-  EXPECT_LE(*kept, 100);
   EXPECT_EQ(kept.use_count(), 1) << "tasks that were dropped or run are gone";
 }
 
@@ -177,40 +141,23 @@ TEST(PosixThreads, TasksOfManyThreadsAllRun) {
   thread->postAndWait([&] { EXPECT_EQ(count, kThreads * kTasks); });
 }
 
-TEST(PosixThreads, AreNamed) {
-  std::unique_ptr<Timer> timer;
-  const auto thread = PosixThreads().start(
-      "Clock Update Thread", [&](RunLoop& loop) { timer = loop.after(kFarAway, [] {}); },
-      [] { return true; });
-  char name[32] = {};
-  thread->postAndWait([&] { ::pthread_getname_np(::pthread_self(), name, sizeof name); });
-  EXPECT_STREQ(name, "Clock Update Th");
-}
-
 TEST(TimerQueue, KeepsToItsGridWhateverWasMissed) {
   double now = 0.0;
   TimerQueue queue([&] { return now; });
   std::vector<double> firings;
   auto timer = queue.every(1.5, 1.0, [&] { firings.push_back(now); });
-  for (const double time : {1.0, 1.5, 1.75, 2.5, 8.75, 8.76, 9.5}) {
+  const auto fireAllAt = [&](double time) {
     now = time;
     while (queue.fireNextDue()) {
     }
-  }
+  };
+  for (const double time : {1.0, 1.5, 1.75, 2.5, 8.75, 8.76, 9.5}) fireAllAt(time);
   EXPECT_EQ(firings, (std::vector<double>{1.5, 2.5, 8.75, 9.5}));
-  EXPECT_EQ(timer->secondsUntilFire(), 1.0);
-  timer->fireAfter(-1.0);
-  EXPECT_TRUE(queue.fireNextDue());
-  EXPECT_FALSE(queue.fireNextDue());
   for (int i = 0; i < 100'000; ++i) {  // an interval that no binary fraction holds
-    now += 0.1 * (1 + i % 3);
-    while (queue.fireNextDue()) {
-    }
+    fireAllAt(now + 0.1 * (1 + i % 3));
     ASSERT_GT(timer->secondsUntilFire(), 0.0) << i;
     ASSERT_LE(timer->secondsUntilFire(), 1.0 + 1e-9) << i;
   }
-  timer.reset();
-  EXPECT_EQ(queue.pendingCount(), 0u);
 }
 
 }  // namespace

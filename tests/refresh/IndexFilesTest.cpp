@@ -97,14 +97,5 @@ TEST(RootFileDeathTest, ANegativeCountStopsTheProgram) {
   EXPECT_DEATH(decodeRootFile(noFiles.data()), "negative count");
 }
 
-TEST(MasterFileTest, NameAndDate) {
-  const Bytes file = PublishedSite::sample().rinks[0].master();
-  const MasterFile master = decodeMasterFile(file);
-  EXPECT_EQ(master.mainFileName, "main.b1");
-  EXPECT_EQ(master.mainFileDate, Instant{792'000'000.75});
-  for (std::size_t length = 0; length < file.size(); ++length)
-    EXPECT_THROW(decodeMasterFile(cutAt(file, length)), DecodeError) << length;
-}
-
 }  // namespace
 }  // namespace tarvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "Items.h"
 
 namespace tarvel {
@@ -15,72 +17,41 @@ WeeklyLayoutInput inputOf(double width, double height, VerticalFit fit = Vertica
 }
 
 TEST(WeeklyLayout, columnsFollowTheWidth) {
-  struct Case {
-    double width;
-    Medium medium;
-    bool reduced;
-    double labels;
-    double column;
-  };
-  const Case cases[] = {
-      {760.0, Medium::screen, false, 48.0, 100.0},      {550.0, Medium::screen, false, 48.0, 70.0},
-      {549.0, Medium::screen, true, 43.0, 494.0 / 7.0}, {335.0, Medium::screen, true, 43.0, 40.0},
-      {543.0, Medium::page, false, 48.0, 70.0},         {542.0, Medium::page, true, 43.0, 494.0 / 7.0},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.width);
-    WeeklyLayoutInput input = inputOf(c.width, 600.0);
-    input.medium = c.medium;
-    const WeeklyLayout layout(input);
-    EXPECT_EQ(layout.reducedWidth(), c.reduced);
-    EXPECT_DOUBLE_EQ(layout.labelColumnWidth(), c.labels);
-    EXPECT_DOUBLE_EQ(layout.columnWidth(), c.column);
-    EXPECT_DOUBLE_EQ(layout.columnX(7), c.width - layout.margin());
+  const std::tuple<double, Medium, double, double> cases[] = {{760.0, Medium::screen, 48.0, 100.0},
+                                                              {550.0, Medium::screen, 48.0, 70.0},
+                                                              {549.0, Medium::screen, 43.0, 494.0 / 7.0},
+                                                              {543.0, Medium::page, 48.0, 70.0},
+                                                              {542.0, Medium::page, 43.0, 494.0 / 7.0}};
+  for (const auto& [width, medium, labels, column] : cases) {
+    WeeklyLayoutInput input = inputOf(width, 600.0);
+    input.medium = medium;
+    EXPECT_DOUBLE_EQ(WeeklyLayout(input).labelColumnWidth(), labels) << width;
+    EXPECT_DOUBLE_EQ(WeeklyLayout(input).columnWidth(), column) << width;
   }
 }
 
 TEST(WeeklyLayout, axisFitsTheHeightOrScrolls) {
-  struct Case {
-    double height;
-    VerticalFit fit;
-    Medium medium;
-    std::int64_t endOfDay;
-    double pointsPerMinute;
-    std::int64_t step;
-    double wantedHeight;
-  };
-  const Case cases[] = {
-      {1164.0, VerticalFit::fit, Medium::screen, 1440, 1.0, 30, 1164.0},
-      {1734.0, VerticalFit::fit, Medium::screen, 1440, 1.5, 15, 1734.0},
-      {1733.0, VerticalFit::fit, Medium::screen, 1440, 1709.0 / 1140.0, 30, 1733.0},
-      {879.0, VerticalFit::fit, Medium::screen, 1440, 0.75, 30, 879.0},
-      {594.0, VerticalFit::fit, Medium::screen, 1440, 0.5, 60, 594.0},
-      {600.0, VerticalFit::scroll, Medium::screen, 1440, 1.5, 15, 1734.0},
-      {600.0, VerticalFit::scroll, Medium::screen, 1470, 1.5, 15, 1779.0},
-      {2000.0, VerticalFit::scroll, Medium::screen, 1440, 1.5, 15, 2000.0},
-      {587.0, VerticalFit::fit, Medium::page, 1440, 0.5, 30, 587.0},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.height);
-    WeeklyLayoutInput input = inputOf(800.0, c.height, c.fit);
-    input.medium = c.medium;
-    input.endOfDay = c.endOfDay;
+  // The height, the fit and the end of the day; points a minute, minutes between labels, the height wanted.
+  const std::tuple<double, VerticalFit, std::int64_t, double, std::int64_t, double> cases[] = {
+      {1734.0, VerticalFit::fit, 1440, 1.5, 15, 1734.0},
+      {1733.0, VerticalFit::fit, 1440, 1709.0 / 1140.0, 30, 1733.0},
+      {879.0, VerticalFit::fit, 1440, 0.75, 30, 879.0},
+      {594.0, VerticalFit::fit, 1440, 0.5, 60, 594.0},
+      {600.0, VerticalFit::scroll, 1470, 1.5, 15, 1779.0},
+      {2000.0, VerticalFit::scroll, 1440, 1.5, 15, 2000.0}};
+  for (const auto& [height, fit, endOfDay, pointsPerMinute, step, wantedHeight] : cases) {
+    SCOPED_TRACE(height);
+    WeeklyLayoutInput input = inputOf(800.0, height, fit);
+    input.endOfDay = endOfDay;
     const WeeklyLayout layout(input);
-    EXPECT_DOUBLE_EQ(layout.pointsPerMinute(), c.pointsPerMinute);
-    EXPECT_EQ(layout.labelStep(), c.step);
-    EXPECT_DOUBLE_EQ(WeeklyLayout::heightForAvailableHeight(c.height, input), c.wantedHeight);
+    EXPECT_DOUBLE_EQ(layout.pointsPerMinute(), pointsPerMinute);
+    EXPECT_EQ(layout.labelStep(), step);
+    EXPECT_DOUBLE_EQ(WeeklyLayout::heightForAvailableHeight(height, input), wantedHeight);
   }
-}
-
-TEST(WeeklyLayout, labelsStandOnATwelveHourClockToTheEndOfTheAxis) {
-  WeeklyLayoutInput input = inputOf(760.0, 24.0 + 1170 * 0.5);
-  input.endOfDay = 1470;
-  const auto ticks = WeeklyLayout(input).ticks();
-  ASSERT_EQ(ticks.size(), 20U);
+  const auto ticks = WeeklyLayout(inputOf(760.0, 594.0)).ticks();
   EXPECT_EQ(ticks.front(), (AxisTick{300, 12.0, "5:00"}));
   EXPECT_EQ(ticks[7], (AxisTick{720, 222.0, "12:00"}));
   EXPECT_EQ(ticks[8].text, "1:00");
-  EXPECT_EQ(ticks.back(), (AxisTick{1440, 582.0, "12:00"}));
 }
 
 TEST(WeeklyLayout, placesItemsAndReturnsThoseThatADirtyRectangleMeets) {
@@ -97,70 +68,47 @@ TEST(WeeklyLayout, placesItemsAndReturnsThoseThatADirtyRectangleMeets) {
   EXPECT_TRUE(layout.itemsMeeting(items, {460.0, 500.0, 5.0, 5.0}).empty());
 }
 
-TEST(WeeklyLayout, blendsPastDaysAndFramesToday) {
+TEST(WeeklyLayout, blendsPastDaysAndFramesTodayAroundItsSelection) {
   const WeeklyLayout layout(inputOf(760.0, 600.0));
-  struct Case {
-    PackedDate today;
-    int pastDays;
-    int todayColumn;  ///< -1 for none
-  };
-  const Case cases[] = {
-      {kNoDate, 0, -1},
-      {packedDate(2026, 3, 14), 0, -1},
-      {packedDate(2026, 3, 15), 0, 0},
-      {packedDate(2026, 3, 16), 1, 1},
-      {packedDate(2026, 3, 21), 6, 6},
-      {packedDate(2026, 3, 22), 7, -1},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(shortDateText(c.today));
-    const auto past = layout.pastRect(c.today);
-    EXPECT_EQ(past.value_or(Rect{}), c.pastDays > 0 ? (Rect{48.0, 0.0, 100.0 * c.pastDays, 600.0}) : Rect{});
-    const auto today = layout.todayRect(c.today);
-    EXPECT_EQ(today.value_or(Rect{}),
-              c.todayColumn >= 0 ? (Rect{48.0 + 100.0 * c.todayColumn, 3.0, 100.0, 594.0}) : Rect{});
+  const std::tuple<PackedDate, int, int> cases[] = {{kNoDate, 0, -1},
+                                                    {packedDate(2026, 3, 14), 0, -1},
+                                                    {packedDate(2026, 3, 15), 0, 0},
+                                                    {packedDate(2026, 3, 21), 6, 6},
+                                                    {packedDate(2026, 3, 22), 7, -1}};
+  for (const auto& [today, pastDays, column] : cases) {
+    SCOPED_TRACE(shortDateText(today));
+    EXPECT_EQ(layout.pastRect(today).value_or(Rect{}),
+              pastDays > 0 ? (Rect{48.0, 0.0, 100.0 * pastDays, 600.0}) : Rect{});
+    EXPECT_EQ(layout.todayRect(today).value_or(Rect{}),
+              column >= 0 ? (Rect{48.0 + 100.0 * column, 3.0, 100.0, 594.0}) : Rect{});
   }
-}
-
-TEST(WeeklyLayout, selectionOfTodayLiesInsideTodaysFrame) {
-  const WeeklyLayout layout(inputOf(760.0, 600.0));
   const PackedDate wednesday = packedDate(2026, 3, 18);
   EXPECT_EQ(layout.selectionRect(wednesday, kNoDate), (Rect{348.0, 1.0, 100.0, 598.0}));
   EXPECT_EQ(layout.selectionRect(wednesday, wednesday), (Rect{348.0, 3.0, 100.0, 594.0}));
   EXPECT_FALSE(layout.selectionRect(packedDate(2026, 3, 22), wednesday));
-  EXPECT_FALSE(layout.selectionRect(kNoDate, kNoDate));
 }
 
 TEST(WeeklyLayout, marksTheMomentWithinAxisAndWeek) {
   const WeeklyLayout layout(inputOf(760.0, 1164.0));
   const PackedDate tuesday = packedDate(2026, 3, 17);
   EXPECT_EQ(layout.timeMarkerRect(tuesday, 600), (Rect{235.0, 303.0, 126.0, 18.0}));
-  EXPECT_TRUE(layout.timeMarkerRect(tuesday, 300));
-  EXPECT_TRUE(layout.timeMarkerRect(tuesday, 1440));
-  EXPECT_FALSE(layout.timeMarkerRect(tuesday, 299));
-  EXPECT_FALSE(layout.timeMarkerRect(tuesday, 1441));
+  EXPECT_TRUE(layout.timeMarkerRect(tuesday, 300) && layout.timeMarkerRect(tuesday, 1440));
+  EXPECT_FALSE(layout.timeMarkerRect(tuesday, 299) || layout.timeMarkerRect(tuesday, 1441));
   EXPECT_FALSE(layout.timeMarkerRect(packedDate(2026, 3, 22), 600));
 }
 
 TEST(WeeklyLayout, tellsDayAndMinuteOfAPoint) {
   const WeeklyLayout layout(inputOf(760.0, 594.0));
-  struct Case {
-    Point point;
-    int day;  ///< -1 for outside
-    std::int64_t minute;
-  };
-  const Case cases[] = {
-      {{47.9, 100.0}, -1, 0}, {{48.0, 12.0}, 0, 300},  {{48.0, 11.9}, -1, 0},    {{747.9, 12.9}, 6, 301},
-      {{748.0, 50.0}, -1, 0}, {{150.0, 62.0}, 1, 400}, {{50.0, 581.9}, 0, 1439}, {{50.0, 582.0}, -1, 0},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.point.x << " " << c.point.y);
-    const auto hit = layout.hit(c.point);
-    ASSERT_EQ(hit.has_value(), c.day >= 0);
-    if (!hit) continue;
-    EXPECT_EQ(hit->day, c.day);
-    EXPECT_EQ(hit->minute, c.minute);
+  const std::tuple<Point, int, std::int64_t> cases[] = {
+      {{48.0, 12.0}, 0, 300}, {{747.9, 12.9}, 6, 301}, {{150.0, 62.0}, 1, 400}, {{50.0, 581.9}, 0, 1439}};
+  for (const auto& [point, day, minute] : cases) {
+    const auto hit = layout.hit(point);
+    ASSERT_TRUE(hit) << minute;
+    EXPECT_EQ(hit->day, day) << minute;
+    EXPECT_EQ(hit->minute, minute);
   }
+  for (const Point outside : {Point{47.9, 100.0}, {48.0, 11.9}, {748.0, 50.0}, {50.0, 582.0}})
+    EXPECT_FALSE(layout.hit(outside)) << outside.x << " " << outside.y;
 }
 
 TEST(WeeklyLayout, scrollsAMinuteToAQuarterOfTheHeight) {

@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QPainter>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QTest>
+#include <tuple>
 
 #include "Items.h"
 #include "ScheduleWorld.h"
@@ -21,7 +19,7 @@ using test::ScheduleWorld;
 
 class RecordingOwner : public ScheduleViewOwner {
  public:
-  VerticalFit fitVertically() const override { return fit; }
+  VerticalFit fitVertically() const override { return VerticalFit::fit; }
   double weeklyFontSize() const override { return 9.0; }
   SessionTimes showSessionTimes() const override { return SessionTimes::hidden; }
   ScheduleViewOption scheduleViewOption() const override { return ScheduleViewOption::weekly; }
@@ -38,24 +36,11 @@ class RecordingOwner : public ScheduleViewOwner {
     gone = {id, date, minute};
   }
 
-  VerticalFit fit = VerticalFit::fit;
   bool infoShown = true;
   int loads = 0;  ///< a page that is current tells of each load
   std::string info;
   PackedDate selected = kNoDate;
   std::tuple<std::int64_t, PackedDate, std::int64_t> gone;
-};
-
-class RecordingView : public WeeklyScheduleView {
- public:
-  using WeeklyScheduleView::WeeklyScheduleView;
-  std::vector<Rect> dirties;
-
- protected:
-  void draw(QPainter& painter, const Rect& dirty) override {
-    dirties.push_back(dirty);
-    WeeklyScheduleView::draw(painter, dirty);
-  }
 };
 
 constexpr int kWidth = 760;   // columns of 100 from x 48 on
@@ -73,7 +58,7 @@ class WeeklyScheduleViewTest : public testing::Test {
                         {SessionKind::freestyle, 3, 900, 60, "", ""},
                         {SessionKind::freestyle, 3, 1020, 60, "", "bring gloves"}}});
     window.resize(kWidth, kHeight);
-    view = new RecordingView(world.context, owner, &window);
+    view = new WeeklyScheduleView(world.context, owner, &window);
     view->resize(kWidth, kHeight);
     window.makeKeyAndOrderFront();
     settle();
@@ -94,15 +79,12 @@ class WeeklyScheduleViewTest : public testing::Test {
     settle();
     return view->grab().toImage().convertToFormat(QImage::Format_RGB32);
   }
-  void post(NotificationName name, const std::shared_ptr<RinkData>& object, UserInfo userInfo = {}) {
-    world.sim.notifications.postNotification(name, object, std::move(userInfo));
-  }
 
   ScheduleWorld world;
   std::shared_ptr<RinkData> rink;
   RecordingOwner owner;
   Window window;
-  RecordingView* view = nullptr;
+  WeeklyScheduleView* view = nullptr;
 };
 
 QColor built(SessionKind kind) {
@@ -126,7 +108,6 @@ void expectColor(const QImage& image, int x, int y, const QColor& expected) {
 
 TEST_F(WeeklyScheduleViewTest, paintsSessionsPastDaysTodayTheMomentAndTheSelection) {
   showWeek();
-  EXPECT_EQ(view->chosenVenueID(), 7) << "the first by display order";
   view->setSelectedDate(packedDate(2026, 3, 20));
   const QImage image = picture();
   const QColor past = color(kPastBlend, Appearance::light);
@@ -144,132 +125,38 @@ TEST_F(WeeklyScheduleViewTest, paintsSessionsPastDaysTodayTheMomentAndTheSelecti
   EXPECT_EQ(view->timeMarkerView()->markerRect(), (Rect{335.0, 153.0, 126.0, 18.0}));
 }
 
-TEST_F(WeeklyScheduleViewTest, saysWhatStandsInTheWayOfAWeek) {
-  struct Case {
-    const char* what;
-    std::function<void()> prepare;
-    std::function<void(QPainter&)> paint;
-  };
-  const Size size{kWidth, kHeight};
-  const auto message = [size](const char* text) {
-    return [=](QPainter& painter) { paintScheduleMessage(painter, text, size, Appearance::light); };
-  };
-  const Case cases[] = {
-      {"no rink", [] {}, message("No Rink Selected")},
-      {"requested",
-       [&] {
-         showWeek();
-         schedule()->setDownloadStatus(DownloadStatus::requested());
-       },
-       message("Download in progress...")},
-      {"invalid",
-       [&] {
-         schedule()->setDownloadStatus({DownloadStatus::Kind::invalidData, {}});
-       },
-       message("Invalid Data Received")},
-      {"failed", [&] { schedule()->setDownloadStatus(DownloadStatus::failed("Not found\n(404)")); },
-       [size](QPainter& painter) {
-         paintScheduleFailure(painter, "Download Failed\nNot found\n(404)", size, Appearance::light);
-       }},
-      {"a week that isn't offered: background alone",
-       [&] { view->setWeekContaining(packedDate(2026, 4, 8)); }, [](QPainter&) {}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    c.prepare();
-    const QImage found = picture();
-    QImage expected(kWidth, kHeight, QImage::Format_RGB32);
-    expected.fill(color(kScheduleBackground, Appearance::light));
-    QPainter painter(&expected);
-    c.paint(painter);
-    painter.end();
-    // A message is somewhere in the middle; the marker of the moment may stand elsewhere.
-    const QRect middle(100, kHeight / 2 - 40, kWidth - 200, 80);
-    EXPECT_TRUE(found.copy(middle) == expected.copy(middle));
-  }
-}
-
-TEST_F(WeeklyScheduleViewTest, aBurstOfChangesIsOneLoad) {
-  showWeek();
-  owner.loads = 0;
-  for (int i = 0; i < 1000; ++i) post(kSchedulesChanged, rink);
-  settle();
-  EXPECT_EQ(owner.loads, 1);
-}
-
-TEST_F(WeeklyScheduleViewTest, aPageOutOfSightWaitsUntilItIsPresented) {
+TEST_F(WeeklyScheduleViewTest, loadsOnceForABurstAndOnlyForItsRinkVenueAndWeekInSight) {
   view->setPresented(false);
   owner.loads = 0;
   showWeek();
-  post(kVenuesChanged, rink);
-  settle();
-  EXPECT_EQ(owner.loads, 0);
+  EXPECT_EQ(owner.loads, 0) << "a page out of sight waits";
   view->setPresented(true);
   settle();
   EXPECT_EQ(owner.loads, 1);
   EXPECT_EQ(view->scheduleItems().size(), 3U);
-}
-
-TEST_F(WeeklyScheduleViewTest, hearsOnlyOfItsRinkVenueAndWeek) {
-  showWeek();
   world.addRink(2, "Other");
   const auto other = world.openRink(2, {});
   const auto week = [](std::int64_t venueID, PackedDate weekOf) {
     return UserInfo{{std::string(kVenueIDKey), venueID}, {std::string(kWeekOfKey), weekOf}};
   };
-  struct Case {
-    NotificationName name;
-    std::shared_ptr<RinkData> object;
-    UserInfo userInfo;
-    int loads;
-  };
-  const Case cases[] = {
+  const std::tuple<NotificationName, std::shared_ptr<RinkData>, UserInfo, int> cases[] = {
       {kVenuesChanged, rink, {}, 1},
-      {kVenuesChanged, other, {}, 0},
       {kSchedulesChanged, other, {}, 0},
       {kWeeklyScheduleChanged, rink, week(7, kWeekOf), 1},
       {kWeeklyScheduleChanged, rink, week(4, kWeekOf), 0},
       {kWeeklyScheduleChanged, rink, week(7, addDays(kWeekOf, 7)), 0},
-      {kWeeklyScheduleChanged, other, week(7, kWeekOf), 0},
-      {kScheduleColorsChanged, nullptr, {}, 0},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name.text);
+      {kWeeklyScheduleChanged, other, week(7, kWeekOf), 0}};
+  for (const auto& [name, object, userInfo, loads] : cases) {
     settle();
     owner.loads = 0;
-    post(c.name, c.object, c.userInfo);
+    for (int i = 0; i < 100; ++i) world.sim.notifications.postNotification(name, object, userInfo);
     settle();
-    EXPECT_EQ(owner.loads, c.loads);
+    EXPECT_EQ(owner.loads, loads) << name.text;
   }
   owner.loads = 0;
   world.workspace.wake();
   settle();
   EXPECT_EQ(owner.loads, 1) << "after sleep the files may be others";
-  view->close();
-  post(kSchedulesChanged, rink);
-  settle();
-  EXPECT_EQ(owner.loads, 1) << "a closed view hears nothing";
-}
-
-TEST_F(WeeklyScheduleViewTest, aMinuteRedrawsNoMoreThanTheMarkersPlace) {
-  showWeek();
-  settle();
-  view->dirties.clear();
-  view->setCurrentDate(packedDate(2026, 3, 18), 602);
-  QApplication::processEvents();
-  ASSERT_FALSE(view->dirties.empty());
-  for (const Rect& dirty : view->dirties) {
-    EXPECT_GE(dirty.y, 150.0);
-    EXPECT_LE(dirty.maxY(), 175.0);
-    EXPECT_GE(dirty.x, 330.0);
-    EXPECT_LE(dirty.maxX(), 465.0);
-  }
-  view->dirties.clear();
-  view->setCurrentDate(packedDate(2026, 3, 19), 0);
-  QApplication::processEvents();
-  ASSERT_FALSE(view->dirties.empty());
-  EXPECT_EQ(view->dirties.back().width, kWidth) << "a new day changes the whole week";
-  EXPECT_FALSE(view->timeMarkerView()->isVisible()) << "midnight lies above the axis";
 }
 
 TEST_F(WeeklyScheduleViewTest, clicksSelectAndGoToTheMoment) {
@@ -299,24 +186,6 @@ TEST_F(WeeklyScheduleViewTest, tellsWhatIsUnderTheMouse) {
   EXPECT_EQ(infoAt(400, 100), "") << "before the first item";
   owner.infoShown = false;
   EXPECT_EQ(infoAt(400, 320), "");
-}
-
-TEST_F(WeeklyScheduleViewTest, scrollsWhenTheDayDoesNotFit) {
-  showWeek();
-  owner.fit = VerticalFit::scroll;
-  QScrollArea area;
-  area.resize(400, 500);
-  area.setFrameShape(QFrame::NoFrame);
-  area.setWidget(view);
-  EXPECT_DOUBLE_EQ(view->heightForAvailableHeight(500.0), 1734.0);
-  EXPECT_DOUBLE_EQ(view->heightForAvailableHeight(2000.0), 2000.0);
-  view->resize(388, 1734);
-  area.show();
-  settle();
-  EXPECT_DOUBLE_EQ(view->layout().pointsPerMinute(), 1.5);
-  view->scrollTo(std::int64_t{720});
-  EXPECT_EQ(area.verticalScrollBar()->value(), 420 * 3 / 2 + 24 - 125);
-  area.takeWidget()->setParent(&window);
 }
 
 }  // namespace

@@ -231,7 +231,7 @@ TEST_F(QtHttpClientTest, ManyRequestsRunAtOnceAndEachCompletesOnce) {
   });
   std::map<std::string, int> completions;
   for (int i = 0; i < 30; ++i) {
-    client_.get(server.url("/" + std::to_string(i)), [&](HttpResult r) { ++completions[textOf(r)]; });
+    client_.get(server.url("/" + std::to_string(i)), [&](const HttpResult& r) { ++completions[textOf(r)]; });
   }
   test::runUntil([&] { return completions.size() == 30; });
   test::runUntilIdle(loop_.real());
@@ -243,8 +243,8 @@ TEST_F(QtHttpClientTest, ADestroyedClientCompletesNothing) {
       [](const std::string&, const std::string&) { return Answer{LittleServer::reply("200 OK", "x")}; });
   auto client = std::make_unique<QtHttpClient>(loop_);
   int completions = 0;
-  client->get(server.url("/"), [&](HttpResult) { ++completions; });
-  client->get("no address", [&](HttpResult) { ++completions; });
+  client->get(server.url("/"), [&](const HttpResult&) { ++completions; });
+  client->get("no address", [&](const HttpResult&) { ++completions; });
   client.reset();
   EXPECT_EQ(textOf(get(server.url("/"))), "200 x");
   EXPECT_EQ(completions, 0);
@@ -255,7 +255,7 @@ TEST_F(QtHttpClientTest, ACompletionMayDestroyItsClient) {
       [](const std::string&, const std::string&) { return Answer{LittleServer::reply("200 OK", "x")}; });
   auto client = std::make_unique<QtHttpClient>(loop_);
   bool done = false;
-  client->get(server.url("/"), [&](HttpResult) {
+  client->get(server.url("/"), [&](const HttpResult&) {
     client.reset();
     done = true;
   });

@@ -18,7 +18,7 @@ using test::runUntilIdle;
 
 class QtRunLoopTest : public testing::Test {
  protected:
-  Task note(std::string name) {
+  Task note(const std::string& name) {
     return [this, name] { log_.push_back(name); };
   }
   using Log = std::vector<std::string>;

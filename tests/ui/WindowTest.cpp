@@ -37,6 +37,10 @@ struct RecordingDelegate : WindowDelegate {
 class WindowTest : public testing::Test {
  protected:
   WindowTest() {
+    // What the window manager adds is known from the first window on that it has shown.
+    Window first;
+    first.makeKeyAndOrderFront();
+    QApplication::processEvents();
     delegate_.window = &window_;
     window_.setDelegate(&delegate_);
   }

@@ -164,20 +164,20 @@ Status writeRink(FileSystem& files, const Path& folder, const DemoContent& conte
   const Path weeks = join(folder, "weeks");
   // Weeks of an earlier day's run have passed.
   if (files.info(weeks)) {
-    if (const Status status = files.remove(weeks); !status) return status;
+    if (Status status = files.remove(weeks); !status) return status;
   }
-  if (const Status status = files.createFolders(weeks); !status) return status;
+  if (Status status = files.createFolders(weeks); !status) return status;
   const auto pictures = drawPictures(files, folder, rink, content.seed());
   if (!pictures) return pictures.error();
   for (const PackedDate weekOf : content.weeks()) {
-    const Status status =
+    Status status =
         writeJson(files, join(weeks, dateText(weekOf) + ".json"), weekFile(content, rink, weekOf));
     if (!status) return status;
   }
-  if (const Status status = writeJson(files, join(folder, "notices.json"), notices(content, rink)); !status) {
+  if (Status status = writeJson(files, join(folder, "notices.json"), notices(content, rink)); !status) {
     return status;
   }
-  if (const Status status = writeJson(files, join(folder, "photos.json"), photos(*pictures)); !status)
+  if (Status status = writeJson(files, join(folder, "photos.json"), photos(*pictures)); !status)
     return status;
   return writeJson(files, join(folder, "rink.json"), rinkCard(rink, *pictures));
 }
@@ -185,10 +185,9 @@ Status writeRink(FileSystem& files, const Path& folder, const DemoContent& conte
 }  // namespace
 
 Status writeInput(FileSystem& files, const Path& folder, const DemoContent& content) {
-  if (const Status status = files.createFolders(folder); !status) return status;
+  if (Status status = files.createFolders(folder); !status) return status;
   for (const DemoRink& rink : content.rinks()) {
-    if (const Status status = writeRink(files, join(folder, "rinks/" + rink.folder), content, rink);
-        !status) {
+    if (Status status = writeRink(files, join(folder, "rinks/" + rink.folder), content, rink); !status) {
       return status;
     }
   }

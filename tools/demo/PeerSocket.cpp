@@ -43,7 +43,7 @@ void abortConnection(int socket) {
   // Dissolving the association makes the system send a reset right away.
   sockaddr none{};
   none.sa_family = AF_UNSPEC;
-  ::connect(socket, &none, sizeof none);
+  (void)::connect(socket, &none, sizeof none);
 }
 
 }  // namespace tarvel::demo

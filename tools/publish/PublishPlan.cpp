@@ -18,7 +18,7 @@ PublishPlan::PublishPlan(FileSystem& files, Path tree, const Manifest& manifest,
 
 Status PublishPlan::add(const Catalogue& catalogue) {
   for (const Rink& rink : catalogue.rinks) {
-    if (const Status status = addRink(rink); !status) return status;
+    if (Status status = addRink(rink); !status) return status;
   }
   return addCatalogue(catalogue);
 }
@@ -89,7 +89,7 @@ Status PublishPlan::addCatalogue(const Catalogue& catalogue) {
 
 Instant PublishPlan::dateAfter(Instant earlier) const {
   const bool usable = std::isfinite(earlier.seconds);
-  return usable && earlier >= date_ ? Instant{std::floor(earlier.seconds)} + 1.0 : date_;
+  return usable && earlier.seconds >= date_.seconds ? Instant{std::floor(earlier.seconds)} + 1.0 : date_;
 }
 
 Instant PublishPlan::addDated(Step step, const std::string& path, const Bytes& body) {

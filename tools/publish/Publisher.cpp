@@ -16,8 +16,7 @@ namespace {
 constexpr std::uint16_t kReadableByAll = 0644;
 
 Instant newDate(Instant now, Instant lastDate) {
-  const Instant wholeSecond{std::floor(now.seconds)};
-  return std::max(wholeSecond, Instant{std::floor(lastDate.seconds)} + 1.0);
+  return {std::max(std::floor(now.seconds), std::floor(lastDate.seconds) + 1.0)};
 }
 
 }  // namespace
@@ -34,7 +33,7 @@ Result<PublishReport> Publisher::publish(const Catalogue& catalogue, Instant now
   after.lastDate = before.lastDate;
   for (const PlannedFile& file : planned) {
     after.files[file.path] = file.date;
-    if (file.changed) after.lastDate = std::max(after.lastDate, file.date);
+    if (file.changed) after.lastDate.seconds = std::max(after.lastDate.seconds, file.date.seconds);
   }
   // While the run is on, the manifest vouches for the old files and the new ones, so that none is orphaned by
   // a run that is broken off.
@@ -84,7 +83,7 @@ void Publisher::removeLeftovers(const std::vector<PlannedFile>& planned) {
 
 Status Publisher::write(const PlannedFile& file) {
   const Path path = join(tree_, file.path);
-  if (const Status status = files_.createFolders(parentOf(path)); !status) return status;
+  if (Status status = files_.createFolders(parentOf(path)); !status) return status;
   const FileAttributes attributes{file.date, kReadableByAll};
   if (file.source.empty()) return writeAtomically(files_, path, file.content, attributes);
   const auto image = files_.read(file.source);

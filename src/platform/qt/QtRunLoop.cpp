@@ -212,16 +212,16 @@ void QtRunLoop::armTimerFd() {
   const double deadline = timers_.empty() ? kDisarmed : timers_.begin()->first.first;
   if (deadline == armedFor_) return;
   armedFor_ = deadline;
-  itimerspec spec{};
+  itimerspec setting{};
   if (deadline != kDisarmed) {
     // A little late rather than early: the deadline must have passed when the descriptor wakes the loop.
     const double nanoseconds = std::ceil(deadline * kNanosecondsPerSecond);
     const auto whole = static_cast<long long>(nanoseconds / kNanosecondsPerSecond);
-    spec.it_value.tv_sec = static_cast<time_t>(whole);
-    spec.it_value.tv_nsec =
+    setting.it_value.tv_sec = static_cast<time_t>(whole);
+    setting.it_value.tv_nsec =
         static_cast<long>(nanoseconds - static_cast<double>(whole) * kNanosecondsPerSecond);
   }
-  timerfd_settime(timerFd_, TFD_TIMER_ABSTIME, &spec, nullptr);
+  timerfd_settime(timerFd_, TFD_TIMER_ABSTIME, &setting, nullptr);
 }
 
 void QtRunLoop::runDueTimers() {
