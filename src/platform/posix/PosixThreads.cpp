@@ -84,7 +84,8 @@ std::unique_ptr<LoopThread> PosixThreads::start(std::string name, std::function<
 }
 
 void PosixThreads::nameCurrentThread(const std::string& name) {
-  // The system knows the process by its first thread's name; `ps` and `pkill` shall go on finding the program.
+  // The system knows the process by its first thread's name; `ps` and `pkill` shall go on finding the
+  // program.
   if (::gettid() != ::getpid()) nameThread(name);
 }
 
