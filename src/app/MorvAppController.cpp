@@ -25,6 +25,14 @@ void cascadeOff(const Window& sibling, Window& window) {
   window.setFrameTopLeftPoint(window.cascadeTopLeftFromPoint({frame.x, frame.maxY()}));
 }
 
+/// As they are now: closing one changes the list.
+std::vector<QPointer<Window>> windowsOf(const std::vector<std::unique_ptr<WindowController>>& controllers) {
+  std::vector<QPointer<Window>> windows(controllers.size());
+  std::transform(controllers.begin(), controllers.end(), windows.begin(),
+                 [](const auto& controller) { return controller->window(); });
+  return windows;
+}
+
 }  // namespace
 
 MorvAppController::MorvAppController(const Services& services, Path supportFolder, ClassRegistry classes)
@@ -58,9 +66,7 @@ void MorvAppController::applicationDidBecomeActive() {
 
 void MorvAppController::applicationWillTerminate() {
   terminating = true;
-  std::vector<QPointer<Window>> windows;
-  for (const auto& controller : windowControllers) windows.emplace_back(controller->window());
-  for (const auto& window : windows) {
+  for (const auto& window : windowsOf(windowControllers)) {
     if (window) window->close();
   }
 }
@@ -71,9 +77,7 @@ bool MorvAppController::applicationShouldHandleReopen(bool hasVisibleWindows) {
 }
 
 void MorvAppController::closeAllWindows() {
-  std::vector<QPointer<Window>> windows;
-  for (const auto& controller : windowControllers) windows.emplace_back(controller->window());
-  for (const auto& window : windows) {
+  for (const auto& window : windowsOf(windowControllers)) {
     if (window) window->performClose();
   }
 }

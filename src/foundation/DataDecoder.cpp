@@ -1,6 +1,7 @@
 #include "foundation/DataDecoder.h"
 
 #include <bit>
+#include <cstring>
 
 #include "foundation/DecodeError.h"
 #include "platform/FatalError.h"
@@ -36,6 +37,18 @@ Utf8Lead leadOf(std::uint8_t byte) {
   if (byte < 0xF4) return {4, 0x80, 0xBF};
   if (byte == 0xF4) return {4, 0x80, 0x8F};
   return {0, 0, 0};
+}
+
+/// The count of the leading bytes that are ASCII, as far as whole words of eight tell. Most texts of a file
+/// are nothing else, and a catalogue has millions of bytes of them.
+std::size_t asciiWords(ByteView bytes) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::size_t index = 0;
+  for (std::uint64_t word = 0; bytes.size() - index >= sizeof word; index += sizeof word) {
+    std::memcpy(&word, bytes.data() + index, sizeof word);
+    if (word & kHighBits) break;
+  }
+  return index;
 }
 
 }  // namespace
@@ -107,7 +120,7 @@ float DataDecoder::getFloat() {
 std::string DataDecoder::getString() {
   const ByteView bytes = counted();
   if (!isUtf8(bytes)) return {};
-  return {bytes.begin(), bytes.end()};
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
 Bytes DataDecoder::getData() {
@@ -133,7 +146,7 @@ std::int64_t DataDecoder::getCount(std::uint64_t leastBytesEach) {
 }
 
 bool isUtf8(ByteView bytes) {
-  std::size_t index = 0;
+  std::size_t index = asciiWords(bytes);
   while (index < bytes.size()) {
     const Utf8Lead lead = leadOf(bytes[index]);
     if (lead.length == 0 || lead.length > bytes.size() - index) return false;

@@ -43,6 +43,12 @@ class DisplayTest(ProgramTest):
         """The id of its visible window, or nothing."""
         return self.ask("xdotool", "search", "--onlyvisible", "--pid", str(tarvel.process.pid)).split()[:1]
 
+    def close_by_key(self, window, tarvel):
+        """Presses the window manager's key for closing a window, which it may not heed yet; true once that has ended
+        the program."""
+        self.ask("xdotool", "windowactivate", window, "key", "alt+F4")
+        return tarvel.process.poll() is not None
+
     def surfaces(self):
         """How many colours cover a surface of the screen."""
         picture = os.path.join(self.folder, "screen.png")
@@ -61,8 +67,7 @@ class DisplayTest(ProgramTest):
     def test_closing_the_last_window_quits(self):
         tarvel = self.start_tarvel()
         (window,) = wait_for(lambda: self.window_of(tarvel), "the window")
-        # The window manager's own key for closing a window.
-        self.ask("xdotool", "windowactivate", "--sync", window, "key", "alt+F4")
+        wait_for(lambda: self.close_by_key(window, tarvel), "the end")
         self.assertEqual(tarvel.wait(), 0)
         self.assertEqual(tarvel.lines[-1], "----- Quit Tarvel -----")
         state = self.read_state()

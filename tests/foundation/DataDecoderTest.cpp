@@ -117,6 +117,10 @@ TEST(Utf8, WellFormed) {
   for (const char* text : {"\x80", "\xC0\x80", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", "\xED\xA0\x80",
                            "\xF4\x90\x80\x80", "a\xC3", "\xF0\x90\x80x"})
     EXPECT_FALSE(isUtf8(bytesOf(text))) << text;
+  for (std::size_t ascii = 0; ascii < 20; ++ascii) {
+    EXPECT_FALSE(isUtf8(bytesOf(std::string(ascii, 'a') + "\x80" + std::string(20, 'a')))) << ascii;
+    EXPECT_TRUE(isUtf8(bytesOf(std::string(ascii, 'a') + "\xC3\xA9" + std::string(20, 'a')))) << ascii;
+  }
 }
 
 }  // namespace
