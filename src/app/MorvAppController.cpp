@@ -1,7 +1,6 @@
 #include "app/MorvAppController.h"
 
 #include <QCoreApplication>
-#include <QPointer>
 #include <algorithm>
 
 #include "app/Globals.h"
@@ -23,14 +22,6 @@ void cascadeOff(const Window& sibling, Window& window) {
   const Rect frame = sibling.frame();
   window.setFrame(frame);
   window.setFrameTopLeftPoint(window.cascadeTopLeftFromPoint({frame.x, frame.maxY()}));
-}
-
-/// As they are now: closing one changes the list.
-std::vector<QPointer<Window>> windowsOf(const std::vector<std::unique_ptr<WindowController>>& controllers) {
-  std::vector<QPointer<Window>> windows(controllers.size());
-  std::transform(controllers.begin(), controllers.end(), windows.begin(),
-                 [](const auto& controller) { return controller->window(); });
-  return windows;
 }
 
 }  // namespace
@@ -66,9 +57,7 @@ void MorvAppController::applicationDidBecomeActive() {
 
 void MorvAppController::applicationWillTerminate() {
   terminating = true;
-  for (const auto& window : windowsOf(windowControllers)) {
-    if (window) window->close();
-  }
+  forEachWindow(&Window::close);
 }
 
 bool MorvAppController::applicationShouldHandleReopen(bool hasVisibleWindows) {
@@ -77,8 +66,17 @@ bool MorvAppController::applicationShouldHandleReopen(bool hasVisibleWindows) {
 }
 
 void MorvAppController::closeAllWindows() {
-  for (const auto& window : windowsOf(windowControllers)) {
-    if (window) window->performClose();
+  forEachWindow(&Window::performClose);
+}
+
+void MorvAppController::forEachWindow(void (Window::*operation)()) {
+  std::vector<const WindowController*> snapshot(windowControllers.size());
+  const auto identity = [](const auto& controller) { return controller.get(); };
+  std::transform(windowControllers.begin(), windowControllers.end(), snapshot.begin(), identity);
+  for (const WindowController* controller : snapshot) {
+    const auto found = std::find_if(windowControllers.begin(), windowControllers.end(),
+                                    [controller](const auto& entry) { return entry.get() == controller; });
+    if (found != windowControllers.end()) ((*found)->window()->*operation)();
   }
 }
 

@@ -75,6 +75,8 @@ class MorvAppController : public ApplicationProtocol {
   void deleteAllWindows();
 
  private:
+  /// Over the windows there are now; those that go meanwhile are passed over.
+  void forEachWindow(void (Window::*operation)());
   void letGo(WindowController& controller);
 
   Services services_;
