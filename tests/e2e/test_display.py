@@ -18,7 +18,7 @@ class DisplayTest(ProgramTest):
     def setUp(self):
         super().setUp()
         readable, writable = os.pipe()
-        server = self.start("Xvfb", "-displayfd", str(writable), "-screen", "0", "1600x1000x24", "-nolisten", "tcp",
+        server = self.start("Xvfb", "-displayfd", str(writable), "-screen", "0", "1600x1000x24", "-nolisten", "tcp", "-noreset",
                             pass_fds=[writable])
         os.close(writable)
         with os.fdopen(readable) as pipe:
