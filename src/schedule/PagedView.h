@@ -1,7 +1,11 @@
 #pragma once
+#include <QPointer>
+
 #include "ui/DataLoadingView.h"
 
 namespace tarvel {
+
+class PagingView;
 
 /// A page: a view that fills the place it is given and may want to be taller, and that is one of several
 /// which take turns at being in view. Whoever holds the pages gives them their size and closes them.
@@ -9,6 +13,12 @@ class PagedView : public DataLoadingView {
   Q_OBJECT
  public:
   using DataLoadingView::DataLoadingView;
+
+  /// The view that turns this page; null for a page that stands alone.
+  virtual void setPagingView(PagingView* pagingView);
+  virtual PagingView* pagingView() const;
+  /// Among the pages of one paging view the one with the highest order lies on top.
+  int stackingOrder = 0;
 
   /// The height that the page wants where `height` is to be had.
   virtual double heightForAvailableHeight(double height) const { return height; }
@@ -22,6 +32,9 @@ class PagedView : public DataLoadingView {
   /// Stops observing, lets go of the owner and ignores whatever comes. Not the toolkit's operation of this
   /// name.
   virtual void close() = 0;
+
+ private:
+  QPointer<PagingView> pagingView_;
 };
 
 }  // namespace tarvel
