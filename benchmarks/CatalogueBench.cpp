@@ -56,7 +56,7 @@ void mergeCatalogue(benchmark::State& state, Change change) {
   const NotificationRecorder recorder(sim.notifications, sim.world);
   std::size_t round = 0;
   for (auto _ : state) {
-    engine.model.mergeRinkList(decodeRinkList(files[round++ % 2]));
+    engine.model.mergeRinkList(engine.model.rinkListUpdate(files[round++ % 2]));
     state.PauseTiming();
     sim.world.runUntilIdle();
     state.ResumeTiming();

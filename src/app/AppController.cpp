@@ -184,7 +184,7 @@ bool AppController::isDefaultWindow(const WindowController& controller) const {
 }
 
 WindowContext AppController::windowContext() {
-  return {services(), *dataModel_, *errorLog_, *clockTimer_, setup_.workspace, setup_.observerCensus, *this};
+  return {services(), *dataModel_, *errorLog_, *clockTimer_, setup_.workspace, setup_.observerCensus, *this, setup_.sounds};
 }
 
 }  // namespace tarvel

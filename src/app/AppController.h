@@ -19,6 +19,7 @@ struct AppSetup {
   Services services;
   Workspace& workspace;
   ObserverCensus& observerCensus;
+  SoundPlayer& sounds;
   Path supportFolder;
   std::string defaultServerURL;  ///< without a trailing slash
   AppInfo info = kAppInfo;

@@ -17,6 +17,7 @@
 #include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtImageDecoder.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/qt/QtSoundPlayer.h"
 #include "platform/qt/QtWorkspace.h"
 #include "ui/Icons.h"
 #include "ui/SystemAppearance.h"
@@ -37,6 +38,7 @@ struct Ports {
   PretendTime pretendTime{clock};
   NotificationCenter notifications{mainLoop};
   ObserverCensus observerCensus;
+  QtSoundPlayer sounds;
 
   Services services() {
     return {mainLoop, clock, pretendTime, files, http, images, threads, console, notifications};
@@ -95,7 +97,7 @@ int runTarvel() {
   initAssets();
   const SystemAppearance appearance;
   AppController controller(
-      {ports.services(), ports.workspace, ports.observerCensus, folder, TARVEL_SERVER_URL});
+      {ports.services(), ports.workspace, ports.observerCensus, ports.sounds, folder, TARVEL_SERVER_URL});
   connectLifecycle(app, controller, instance);
   const QuitSignals quitSignals([] { QCoreApplication::quit(); });
   controller.applicationWillFinishLaunching();

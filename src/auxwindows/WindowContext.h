@@ -2,6 +2,7 @@
 #include "auxwindows/ApplicationProtocol.h"
 #include "foundation/ObserverCensus.h"
 #include "model/DataModel.h"
+#include "platform/SoundPlayer.h"
 #include "platform/Workspace.h"
 
 namespace tarvel {
@@ -15,6 +16,7 @@ struct WindowContext {
   Workspace& workspace;
   ObserverCensus& observerCensus;
   ApplicationProtocol& application;
+  SoundPlayer& sounds;
 };
 
 }  // namespace tarvel

@@ -64,8 +64,12 @@ class DataModel : public RefreshableProtocol, Counted<DataModel> {
   std::shared_ptr<RinkInfo> rinkInfo(std::int64_t rinkID) const;
   /// The rink in use of that id, taken into use if it isn't yet.
   std::shared_ptr<RinkData> rinkData(std::int64_t rinkID);
-  /// Takes over a downloaded catalogue, announces what changed, and drops rinks that have gone.
-  void mergeRinkList(RinkListFile file);
+  /// Decodes a downloaded catalogue against the present one, for `mergeRinkList`. Throws `DecodeError`; a
+  /// negative count stops the program.
+  RinkListUpdate rinkListUpdate(ByteView file) const;
+  /// Takes over a catalogue, announces what changed, and drops rinks that have gone. A row that the update
+  /// leaves out has to be at hand.
+  void mergeRinkList(RinkListUpdate update);
   /// Removes folders of rinks not in use, and the old form of the catalogue.
   void tidyApplicationFolder();
 

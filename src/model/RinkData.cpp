@@ -34,7 +34,7 @@ void RinkData::retire() {
 
 std::shared_ptr<RinkData> RinkData::create(const RinkContext& context, std::int64_t rinkID,
                                            const std::shared_ptr<RinkInfo>& rinkInfo) {
-  const std::shared_ptr<RinkData> rink(new RinkData(context, rinkID));
+  std::shared_ptr<RinkData> rink(new RinkData(context, rinkID));
   rink->firstWeek = rink->lastWeek = startOfWeek(todayDate(context.services.pretendTime));
   rink->rinkInfo_ = rinkInfo;
   rink->setTimeZone();
@@ -44,7 +44,7 @@ std::shared_ptr<RinkData> RinkData::create(const RinkContext& context, std::int6
 
 std::shared_ptr<RinkData> RinkData::fromState(const RinkContext& context,
                                               const PropertyList::Dictionary& state) {
-  const std::shared_ptr<RinkData> rink(new RinkData(context, integerAt(state, "rinkID").value_or(0)));
+  std::shared_ptr<RinkData> rink(new RinkData(context, integerAt(state, "rinkID").value_or(0)));
   rink->readState(state);
   rink->clampWeekRange(startOfWeek(todayDate(context.services.pretendTime)));
   context.clockTimer.addTimeDelegate(*rink);
@@ -173,7 +173,7 @@ std::shared_ptr<Venue> RinkData::adoptPromise(const FileRecord& record) {
   if (record.name == kNoticesFileName) noticesFileDate = record.date;
   if (record.name == kPhotoCollectionFileName) photosFileDate = record.date;
   const std::optional<std::int64_t> venueID = parseSchedulesFileName(record.name);
-  const std::shared_ptr<Venue> promised = venueID ? venue(*venueID) : nullptr;
+  std::shared_ptr<Venue> promised = venueID ? venue(*venueID) : nullptr;
   if (promised) promised->schedulesFileDate = record.date;
   return promised;
 }

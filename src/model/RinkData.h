@@ -9,6 +9,7 @@
 #include "foundation/InstanceCounter.h"
 #include "foundation/MessageLog.h"
 #include "foundation/Services.h"
+#include "model/NoticesFile.h"
 #include "model/RefreshState.h"
 #include "model/Refreshable.h"
 #include "model/Refreshers.h"
@@ -59,12 +60,14 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   std::int64_t chimeVenueID = 0;   ///< whose sessions the chime follows; 0 for none
   std::int64_t weeklyVenueID = 0;  ///< chosen for the weekly view
   std::vector<std::int64_t> dailyVenueIDs;
-  std::vector<std::int64_t> dismissedNotices;
+  std::vector<std::int64_t> dismissedNotices;  ///< ids
   // Of this run:
   std::int64_t chosenVenueID = 0;              ///< chosen in the Today window
   std::vector<std::shared_ptr<Venue>> venues;  ///< ascending by venueID
   std::shared_ptr<const Photo> coverPhotoCache;
+  std::optional<NoticeList> noticesCache;  ///< none until they are read, which an empty list is not
   bool mainFileRead = false;
+  bool noticesFileRead = false;
   bool photosFileRead = false;
 
   /// The state dictionary that `fromState` reads.
@@ -96,6 +99,17 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   std::shared_ptr<Venue> adoptPromise(const FileRecord& record);
   /// Takes over what the header tells of the cover photo.
   void adoptCoverPhoto(const MainFile& file);
+  /// The notices, read from the stored file if they weren't yet; none while there is nothing to show. What is
+  /// missing or out of date is requested, and "notices changed" follows.
+  const std::optional<NoticeList>& noticeList();
+  /// Reads the stored notices, or requests them if they are missing, damaged or not the promised version.
+  void readNotices();
+  /// Takes over a new list, and forgets the dismissal of notices that it lacks.
+  void adoptNotices(NoticesFile file);
+  bool isDismissed(std::int64_t noticeID) const;
+  /// False if it was dismissed already.
+  bool dismissNotice(std::int64_t noticeID);
+
   /// Null for an unknown id.
   std::shared_ptr<Venue> venue(std::int64_t venueID) const;
 

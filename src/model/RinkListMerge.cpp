@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "model/DataModel.h"
+#include "platform/FatalError.h"
 
 /// The catalogue's side of `DataModel`: how a new catalogue is taken over, and what goes with a rink that has
 /// left.
@@ -31,19 +32,30 @@ bool DataModel::adoptRow(RinkInfo& info, RinkRecord& row) {
   return true;
 }
 
-void DataModel::mergeRinkList(RinkListFile file) {
+RinkListUpdate DataModel::rinkListUpdate(ByteView file) const {
+  auto at = rinkList.begin();
+  return decodeRinkListUpdate(file, [&](std::int64_t rinkID) -> const RinkRecord* {
+    while (at != rinkList.end() && (*at)->rinkID < rinkID) ++at;
+    return at != rinkList.end() && (*at)->rinkID == rinkID ? at->get() : nullptr;
+  });
+}
+
+void DataModel::mergeRinkList(RinkListUpdate update) {
   // Both lists ascend by id, so that one walk over them does it, however many rows come and go.
   std::vector<std::shared_ptr<RinkInfo>> merged;
-  merged.reserve(file.rinks.size());
+  merged.reserve(update.rinkIDs.size());
   bool changed = false;
   auto old = rinkList.begin();
-  for (RinkRecord& row : file.rinks) {
-    for (; old != rinkList.end() && (*old)->rinkID < row.rinkID; ++old) changed = true;
-    if (old != rinkList.end() && (*old)->rinkID == row.rinkID) {
-      changed = adoptRow(**old, row) || changed;
+  auto row = update.rows.begin();
+  for (const std::int64_t rinkID : update.rinkIDs) {
+    for (; old != rinkList.end() && (*old)->rinkID < rinkID; ++old) changed = true;
+    const bool hasRow = row != update.rows.end() && row->rinkID == rinkID;
+    if (old != rinkList.end() && (*old)->rinkID == rinkID) {
+      if (hasRow) changed = adoptRow(**old, *row++) || changed;
       merged.push_back(std::move(*old++));
     } else {
-      merged.push_back(std::make_shared<RinkInfo>(std::move(row), logos_));
+      if (!hasRow) fatalError("a row of the catalogue isn't at hand");
+      merged.push_back(std::make_shared<RinkInfo>(std::move(*row++), logos_));
       changed = true;
     }
   }

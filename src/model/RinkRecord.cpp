@@ -119,6 +119,29 @@ RinkListFile decodeRinkList(ByteView file) {
   return list;
 }
 
+RinkListUpdate::RinkListUpdate(RinkListFile list) : fileDate(list.fileDate), rows(std::move(list.rinks)) {
+  rinkIDs.reserve(rows.size());
+  for (const RinkRecord& row : rows) rinkIDs.push_back(row.rinkID);
+}
+
+RinkListUpdate decodeRinkListUpdate(ByteView file,
+                                    const std::function<const RinkRecord*(std::int64_t rinkID)>& atHand) {
+  DataDecoder decoder(file);
+  RinkListUpdate update;
+  update.fileDate = getFileDate(decoder);
+  const std::int64_t count = decoder.getCount(kLeastRowBytes);
+  update.rinkIDs.reserve(static_cast<std::size_t>(count));
+  for (std::int64_t i = 0; i < count; ++i) {
+    RinkRecord row = decodeRow(decoder);
+    // A list out of order has to be held as a whole to be put in order.
+    if (i > 0 && row.rinkID <= update.rinkIDs.back()) return decodeRinkList(file);
+    update.rinkIDs.push_back(row.rinkID);
+    const RinkRecord* known = atHand(row.rinkID);
+    if (!known || *known != row) update.rows.push_back(std::move(row));
+  }
+  return update;
+}
+
 std::optional<RinkListFile> decodeRinkListJson(ByteView file) {
   const Json root = Json::parse(file.begin(), file.end(), nullptr, /*allow_exceptions=*/false);
   if (!root.is_object()) return std::nullopt;

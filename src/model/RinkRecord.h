@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,8 +38,24 @@ struct RinkListFile {
   std::vector<RinkRecord> rinks;
 };
 
+/// A catalogue with no more of its rows than has to be looked at: the rows of a large one, held all at once,
+/// take tens of megabytes, and hardly any differ from those at hand.
+struct RinkListUpdate {
+  RinkListUpdate() = default;
+  /// All rows of a list.
+  RinkListUpdate(RinkListFile list);
+
+  Instant fileDate;
+  std::vector<std::int64_t> rinkIDs;  ///< of the whole catalogue, ascending
+  std::vector<RinkRecord> rows;       ///< ascending; every one that isn't at hand just so
+};
+
 /// Decodes "rinks.b1". Throws `DecodeError`; a negative count stops the program.
 RinkListFile decodeRinkList(ByteView file);
+/// The same, leaving out the rows that equal the one at hand. `atHand` gives the row of an id, or null; it is
+/// asked in ascending order.
+RinkListUpdate decodeRinkListUpdate(ByteView file,
+                                    const std::function<const RinkRecord*(std::int64_t rinkID)>& atHand);
 /// Decodes "rinks2.json", an older local form of the catalogue; none if it is damaged or lacks a key.
 std::optional<RinkListFile> decodeRinkListJson(ByteView file);
 

@@ -33,14 +33,13 @@ WeekFile decodeWeekFile(ByteView file) {
   const std::int64_t count = decoder.getCount(kLeastItemBytes);
   week.items.reserve(static_cast<std::size_t>(count));
   for (std::int64_t i = 0; i < count; ++i) {
-    ScheduleItemRecord item;
-    item.kind = sessionKindOf(decoder.getInt8());
-    item.day = decoder.getInt8();
-    item.time = decoder.getInt16();
-    item.duration = decoder.getInt16();
-    item.subtitle = decoder.getString();
-    item.note = decoder.getString();
-    week.items.push_back(std::move(item));
+    // A braced list is read from its left to its right, as the fields stand in the file.
+    week.items.push_back({.kind = sessionKindOf(decoder.getInt8()),
+                          .day = decoder.getInt8(),
+                          .time = decoder.getInt16(),
+                          .duration = decoder.getInt16(),
+                          .subtitle = decoder.getString(),
+                          .note = decoder.getString()});
   }
   return week;
 }

@@ -18,7 +18,7 @@ std::int64_t ScheduleItem::realTime() const {
 }
 
 std::string ScheduleItem::displayName(std::string_view separator) const {
-  const std::string name(builtInName(kind));
+  std::string name(builtInName(kind));
   if (subtitle.empty()) return name;
   if (kind == SessionKind::other || kind == SessionKind::skatingSchool) return subtitle;
   return name + std::string(separator) + subtitle;

@@ -17,7 +17,7 @@ const auto kBeginsBefore = [](const std::shared_ptr<WeeklySchedule>& schedule, P
 };
 }
 
-Venue::Venue(RinkData& rinkData, VenueRecord record) : venueID(record.venueID), rinkData_(rinkData) {
+Venue::Venue(RinkData& rinkData, const VenueRecord& record) : venueID(record.venueID), rinkData_(rinkData) {
   update(record);
 }
 

@@ -17,7 +17,7 @@ class Venue : public std::enable_shared_from_this<Venue>, Counted<Venue> {
  public:
   using Counted<Venue>::liveCount;
 
-  Venue(RinkData& rinkData, VenueRecord record);
+  Venue(RinkData& rinkData, const VenueRecord& record);
 
   const std::int64_t venueID;
   VenueKind venueKind = VenueKind::other;

@@ -98,11 +98,11 @@ void MasterRefresh::defsFileReceived(ByteView body) {
 
 void MasterRefresh::rinksFileReceived(ByteView body) {
   services_.console.printLine("received rink list file  " + bytesText(body));
-  RinkListFile file = decodeRinkList(body);
-  const Instant fileDate = file.fileDate;
+  RinkListUpdate update = model_.rinkListUpdate(body);
+  const Instant fileDate = update.fileDate;
   storeFile(services_, model_.messageLog(), body, std::string(kRinksFileName), model_.supportFolder(),
             fileDate);
-  model_.mergeRinkList(std::move(file));
+  model_.mergeRinkList(std::move(update));
   checkPromise(model_.rinksFileDate, fileDate, kRinksFileName);
 }
 

@@ -41,6 +41,12 @@ void RinkRefresh::updateMain() {
   services_.console.printLine("updateMain for " + rink_.refreshName());
   rink_.readMainFile();
   for (const auto& venue : rink_.venues) updateVenue(*venue);
+  updateNotices();
+}
+
+void RinkRefresh::updateNotices() {
+  const std::optional<Instant> stored = rink_.storedFileDate(std::string(kNoticesFileName));
+  if (stored && stored != rink_.noticesFileDate) requestFile("/" + std::string(kNoticesFileName));
 }
 
 void RinkRefresh::updateVenue(Venue& venue) {
@@ -65,6 +71,7 @@ void RinkRefresh::mainFileReceived(ByteView body) {
   }
   for (const FileRecord& record : file.files) {
     if (const std::shared_ptr<Venue> venue = rink_.adoptPromise(record)) updateVenue(*venue);
+    if (record.name == kNoticesFileName) updateNotices();
   }
   rink_.setPhotosFolder(file.photosFolder);
   rink_.adoptCoverPhoto(file);
@@ -94,6 +101,18 @@ void RinkRefresh::removeWeeksOfGoneVenues() {
     if (week && !rink_.venue(week->venueID)) {
       removeStoredFile(services_, join(rink_.rinkSupportFolderURL(), entry.name));
     }
+  }
+}
+
+void RinkRefresh::noticesFileReceived(ByteView body) {
+  services_.console.printLine(receivedLine("notices", "  ", body));
+  NoticesFile file = decodeNoticesFile(body);
+  const Instant fileDate = file.fileDate;
+  store(body, std::string(kNoticesFileName), fileDate);
+  rink_.adoptNotices(std::move(file));
+  if (rink_.noticesFileDate && *rink_.noticesFileDate != fileDate) {
+    reportMismatch("date mismatch for notices.b1 - " + rink_.refreshName() + "\n    modified  " +
+                   dateText(fileDate) + "\n    expected  " + dateText(rink_.noticesFileDate));
   }
 }
 

@@ -69,6 +69,8 @@ void RinkRefresh::requestMasterFile() {
 void RinkRefresh::requestFile(const std::string& path) {
   if (path == "/" + std::string(kMainFileName)) {
     requestRinkFile(path, [this](ByteView body) { mainFileReceived(body); });
+  } else if (path == "/" + std::string(kNoticesFileName)) {
+    requestRinkFile(path, [this](ByteView body) { noticesFileReceived(body); });
   }
 }
 

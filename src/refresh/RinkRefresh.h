@@ -37,12 +37,14 @@ class RinkRefresh : public RinkRefresher, private RefreshCycle {
   bool requestRinkFile(const std::string& path, Handler handler, FailureHandler onFailure = {});
   void masterFileReceived(ByteView body);
   void mainFileReceived(ByteView body);
+  void noticesFileReceived(ByteView body);
   void schedulesFileReceived(Venue& venue, ByteView body);
   void weekFileReceived(WeeklySchedule& schedule, ByteView body);
 
   void adoptWeekRange(const MainFile& file);
   void updateMain();
   void updateVenue(Venue& venue);
+  void updateNotices();
   void updateSchedules(Venue& venue);
   void updateWeek(WeeklySchedule& schedule);
   void removeWeeksOfGoneVenues();

@@ -1,18 +1,14 @@
 #pragma once
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "foundation/CalendarDates.h"
+#include "foundation/PackedVersion.h"
 #include "platform/Bytes.h"
 #include "platform/Instant.h"
 
 namespace tarvel {
-
-/// A version in one number: major, minor, patch and beta, 16 bits each from the top; 0 for beta in a final
-/// release.
-using PackedVersion = std::int64_t;
 
 /// A row of the index: when a master file last changed.
 struct MasterFileInfo {

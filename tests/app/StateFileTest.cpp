@@ -21,26 +21,6 @@ class StateFileTest : public testing::Test {
   StateFile file_{sim_.disk, "/store"};
 };
 
-TEST_F(StateFileTest, ComesBackAsItWas) {
-  const Dictionary state = {
-      {"windowSettings", Dictionary{{"MainWindowController", Dictionary{{"frame", "1 2 3 4"}}}}},
-      {"openWindows", Array{Dictionary{{"className", "MainWindowController"}, {"showRinks", false}},
-                            Dictionary{{"className", "TodayWindowController"}, {"size", 12.5}}}},
-      {"kioskMode", true},
-      {"skipBetaCycle", std::int64_t{6} << 48},
-  };
-  ASSERT_TRUE(file_.write(state));
-  const auto read = file_.read();
-  ASSERT_TRUE(read);
-  EXPECT_EQ(*read, state);
-  const AppState taken = AppState::from(*read);
-  EXPECT_EQ(taken.windowSettings, *state.at("windowSettings").dictionary());
-  ASSERT_EQ(taken.windowsToReopen.size(), 2U);
-  EXPECT_EQ(textAt(taken.windowsToReopen[1], "className"), "TodayWindowController");
-  EXPECT_TRUE(taken.kioskMode);
-  EXPECT_EQ(taken.skipBetaCycle, std::int64_t{6} << 48);
-}
-
 TEST_F(StateFileTest, WhatIsNoStateFileIsAFirstStart) {
   EXPECT_FALSE(file_.read()) << "no file";
   for (const char* content : {"", "garbage", "<plist version=\"1.0\"><array/></plist>",

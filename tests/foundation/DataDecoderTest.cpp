@@ -6,8 +6,8 @@
 #include <string_view>
 #include <tuple>
 
-#include "foundation/DataEncoder.h"
 #include "foundation/DecodeError.h"
+#include "support/Encoded.h"
 
 namespace tarvel {
 namespace {
@@ -17,15 +17,7 @@ ByteView bytesOf(std::string_view text) {
 }
 
 Bytes sample() {
-  DataEncoder encoder;
-  encoder.putInt(-70000);
-  encoder.putUInt64(~0ULL);
-  encoder.putInt16(-300);
-  encoder.putBool(true);
-  encoder.putDouble(-0.0);
-  encoder.putString("\u00DCbung");
-  encoder.putData(Bytes{1, 2, 3});
-  return encoder.data();
+  return encoded(-70000, ~0ULL, std::int16_t{-300}, true, -0.0, "\u00DCbung", Bytes{1, 3, 1, 2, 3});
 }
 
 void readSample(DataDecoder& decoder) {
@@ -96,10 +88,7 @@ TEST(DataDecoder, CountsAreHeldAgainstWhatIsLeft) {
   const std::tuple<std::int64_t, std::uint64_t, std::size_t, bool> cases[] = {
       {0, 9, 0, true}, {1, 1, 0, false}, {3, 9, 27, true}, {3, 9, 26, false}, {INT64_MAX, 16, 100, false}};
   for (const auto& [count, leastBytesEach, left, allowed] : cases) {
-    DataEncoder encoder;
-    encoder.putInt(count);
-    encoder.appendData(Bytes(left));
-    DataDecoder decoder(encoder.data());
+    DataDecoder decoder(encoded(count, Bytes(left)));
     if (allowed)
       EXPECT_EQ(decoder.getCount(leastBytesEach), count);
     else

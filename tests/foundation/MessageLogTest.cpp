@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "foundation/DataEncoder.h"
 #include "support/CorruptBytes.h"
+#include "support/Encoded.h"
 #include "support/SimServices.h"
 
 namespace tarvel {
@@ -53,14 +53,8 @@ TEST_F(MessageLogTest, ABurstIsPrintedAnnouncedAndSavedAMinuteAfterItsFirstLine)
   EXPECT_FALSE(sim.disk.info(kFile));
   sim.world.runFor(1);
   EXPECT_TRUE(sim.console.printed("File written: /store/error-log.b1"));
-  DataEncoder expected;
-  expected.putInt(1);
-  expected.putInt(2);
-  expected.putDouble(start.seconds);
-  expected.putString("one");
-  expected.putDouble(start.seconds + 30);
-  expected.putString("two");
-  EXPECT_EQ(file(), expected.data());
+  const Bytes expected = encoded(1, 2, start, "one", start + 30, "two");
+  EXPECT_EQ(file(), expected);
   EXPECT_EQ(sim.disk.snapshot().at(kFile).permissions, kPermissions);
   sim.world.runFor(600);
   EXPECT_EQ(sim.console.lines().size(), 3U) << "one write for the burst";

@@ -2,30 +2,22 @@
 
 #include <cmath>
 
-#include "foundation/DataEncoder.h"
 #include "foundation/DecodeError.h"
 #include "model/DefsFile.h"
 #include "model/FileDate.h"
+#include "support/Encoded.h"
 #include "support/PublishedSite.h"
 
 namespace tarvel {
 namespace {
 
-/// A date, what stands before the first count, and a count of -1.
-Bytes withNegativeCount(int numbersBefore) {
-  DataEncoder encoder;
-  encoder.putDouble(1.0);
-  for (int i = 0; i < numbersBefore; ++i) encoder.putUInt32(0);
-  encoder.putInt(-1);
-  return encoder.data();
-}
-
 TEST(FileDecodersDeathTest, ANegativeCountStopsTheProgram) {
-  EXPECT_DEATH(decodeDefsFile(withNegativeCount(0)), "negative count");
-  EXPECT_DEATH(decodeRinkList(withNegativeCount(0)), "negative count");
-  EXPECT_DEATH(decodeMainFile(withNegativeCount(2)), "negative count");
-  EXPECT_DEATH(decodeSchedulesFile(withNegativeCount(0)), "negative count");
-  EXPECT_DEATH(decodeWeekFile(withNegativeCount(0)), "negative count");
+  const Bytes bad = encoded(1.0, -1), badMain = encoded(1.0, 0, 0, -1);
+  EXPECT_DEATH(decodeDefsFile(bad), "negative count");
+  EXPECT_DEATH(decodeRinkList(bad), "negative count");
+  EXPECT_DEATH(decodeMainFile(badMain), "negative count");
+  EXPECT_DEATH(decodeSchedulesFile(bad), "negative count");
+  EXPECT_DEATH(decodeWeekFile(bad), "negative count");
 }
 
 TEST(FileDecodersDeathTest, AnUnknownSessionKindStopsTheProgram) {
@@ -38,9 +30,7 @@ TEST(FileDecodersDeathTest, AnUnknownSessionKindStopsTheProgram) {
 
 TEST(FileDecodersTest, DatesThatNoDiskCanHoldAreDecodeErrors) {
   const auto read = [](double seconds) {
-    DataEncoder encoder;
-    encoder.putDouble(seconds);
-    const Bytes bytes = encoder.data();
+    const Bytes bytes = encoded(seconds);
     DataDecoder decoder(bytes);
     return getFileDate(decoder);
   };

@@ -14,7 +14,7 @@ class RinkListTest : public ModelFixture {
     merge();
     announced();
   }
-  void merge() { model.mergeRinkList(decodeRinkList(site.rinkList())); }
+  void merge() { model.mergeRinkList(model.rinkListUpdate(site.rinkList())); }
   RinkRecord& record(std::int64_t rinkID) {
     for (PublishedRink& rink : site.rinks) {
       if (rink.record.rinkID == rinkID) return rink.record;

@@ -1,20 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "foundation/DataEncoder.h"
 #include "foundation/DecodeError.h"
 #include "refresh/RootFile.h"
 #include "support/CorruptBytes.h"
+#include "support/Encoded.h"
 #include "support/PublishedSite.h"
 
 namespace tarvel {
 namespace {
-
-void putRelease(DataEncoder& encoder, const Release& release) {
-  encoder.putUInt32(release.date);
-  encoder.putInt64(release.appVersion);
-  encoder.putInt64(release.osMinimumVersion);
-  encoder.putString(release.url);
-}
 
 auto fieldsOf(const Release& release) {
   return std::tie(release.date, release.appVersion, release.osMinimumVersion, release.url);
@@ -23,26 +16,20 @@ auto fieldsOf(const Release& release) {
 const Release kFirst{packedDate(2025, 1, 2), 5LL << 48, 1LL << 48, "https://a"};
 const Release kSecond{packedDate(2026, 1, 2), 6LL << 48, 2LL << 48, "https://b"};
 
+Bytes entry(const Release& release) {
+  return encoded(release.date, release.appVersion, release.osMinimumVersion, release.url);
+}
+
+Bytes operator+(const Bytes& a, const Bytes& b) {
+  return encoded(a, b);
+}
+
 Bytes releaseTables() {
-  DataEncoder encoder;
-  encoder.putInt(2);
-  putRelease(encoder, kFirst);
-  putRelease(encoder, kSecond);
-  encoder.putInt(1);
-  putRelease(encoder, kFirst);
-  return encoder.data();
+  return encoded(2, entry(kFirst), entry(kSecond), 1, entry(kFirst));
 }
 
 Bytes beta() {
-  DataEncoder encoder;
-  encoder.putBool(true);
-  putRelease(encoder, kSecond);
-  return encoder.data();
-}
-
-Bytes operator+(Bytes a, const Bytes& b) {
-  a.insert(a.end(), b.begin(), b.end());
-  return a;
+  return encoded(true, entry(kSecond));
 }
 
 TEST(RootFileTest, TheTailsAreOptional) {
@@ -91,10 +78,7 @@ TEST(RootFileDeathTest, ANegativeCountStopsTheProgram) {
   const Bytes head = PublishedSite::sample().root();
   EXPECT_DEATH(decodeRootFile(head + Bytes{0xFF, 0xFF}), "negative count");
   EXPECT_DEATH(decodeRootFile(head + Bytes{0, 0xFF, 0xFF}), "negative count");
-  DataEncoder noFiles;
-  for (int i = 0; i < 5; ++i) noFiles.putInt(0);
-  noFiles.putInt(-2);
-  EXPECT_DEATH(decodeRootFile(noFiles.data()), "negative count");
+  EXPECT_DEATH(decodeRootFile(encoded(0, 0, 0, 0, "", -2)), "negative count");
 }
 
 }  // namespace

@@ -113,16 +113,6 @@ TEST_F(MasterRefreshTest, AfterARestartTheStampsOfTheStateDecide) {
   }
 }
 
-TEST_F(MasterRefreshTest, AStartAfterAConnectionErrorTriesAgainAtOnce) {
-  startWithCatalogue();
-  sim.http.fail(root, "offline");
-  refresh(model());
-  restart();
-  EXPECT_EQ(model().secondsUntilRefresh(), 2.0);
-  EXPECT_EQ(model().errorKind(), DownloadErrorKind::connectionError);
-  EXPECT_NE(model().errorLog(), "");
-}
-
 TEST_F(MasterRefreshTest, WhileAnUpdateIsRequiredNothingElseIsFetched) {
   startWithCatalogue();
   RinkData& rink = show(7);

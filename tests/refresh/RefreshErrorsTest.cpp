@@ -71,20 +71,6 @@ TEST_F(RefreshErrorsTest, EachRefusalInTheStateTheTextAndTheNextTime) {
   }
 }
 
-TEST_F(RefreshErrorsTest, SilenceIsAConnectionErrorAfterAMinute) {
-  startWithCatalogue();
-  sim.http.hang(root);
-  model().refreshNow();
-  sim.world.runFor(59);
-  EXPECT_TRUE(model().refreshInProgress());
-  sim.world.runFor(1);
-  EXPECT_EQ(model().errorKind(), Kind::connectionError);
-  sim.world.runFor(599.9);
-  EXPECT_EQ(sim.http.requestCount(root), 1U);
-  sim.world.runFor(0.2);
-  EXPECT_EQ(sim.http.requestCount(root), 2U) << "tried again after ten minutes";
-}
-
 TEST_F(RefreshErrorsTest, AConnectionErrorIsNotOverwrittenAndAPartFailureIsNoRefresh) {
   startWithCatalogue();
   const auto last = model().lastRefreshTimeStamp();

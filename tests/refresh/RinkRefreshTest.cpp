@@ -1,5 +1,5 @@
 #include "EngineFixture.h"
-#include "foundation/DataEncoder.h"
+#include "support/Encoded.h"
 
 namespace tarvel {
 namespace {
@@ -59,27 +59,6 @@ TEST_F(RinkRefreshTest, AChosenRinkFetchesWhatIsShownAndTheWeeksOfNowAndNext) {
   EXPECT_EQ(storedDateOf("rink-7/main.b1"), Instant{792'000'000.75});
   EXPECT_EQ(storedDateOf("rink-7/venue-1_week-2026-03-22.b1"), main().weeks[3].date.actual);
   EXPECT_FALSE(stored("rink-7/master.b1"));
-}
-
-TEST_F(RinkRefreshTest, ASecondStartOnAnUnchangedServerFetchesTheIndexesAlone) {
-  startWithCatalogue();
-  show(7);
-  quit();
-  const auto disk = sim.disk.snapshot();
-  sim.world.runFor(3 * 3600.0);
-  sim.http.clearRequests();
-  start();
-  RinkData& rink = show(7);
-  EXPECT_EQ(itemsOf(rink, kThisWeek), 3);
-  EXPECT_EQ(requested(), Texts{}) << "all at hand, and nothing due";
-  EXPECT_NEAR(rink.secondsUntilRefresh(), 3'600.0, 1.0);
-  sim.world.runFor(3'601.0);
-  EXPECT_EQ(requested(), urls({"master.b1"}));
-  EXPECT_EQ(rink.mainFileDate, Instant{792'000'000.75});
-  sim.world.runFor(2 * 86'400.0);
-  EXPECT_EQ(sim.http.requestCount(site.server + "/root.b1"), 1U);
-  EXPECT_EQ(sim.http.requestCount(site.rinks[0].url("master.b1")), sim.http.requests().size() - 1);
-  EXPECT_EQ(sim.disk.snapshot(), disk);
 }
 
 TEST_F(RinkRefreshTest, ARinkIsRefreshedWhenItComesOnScreenIfThatIsDue) {
@@ -202,10 +181,7 @@ TEST_F(RinkRefreshTest, AMasterFileMayNameOnlyAFileOfTheRinksFolder) {
   startWithCatalogue();
   RinkData& rink = show(7);
   for (const std::string name : {"../rinks.b1", "/etc/passwd", ".hidden", "", "other.b1"}) {
-    DataEncoder master;
-    master.putString(name);
-    master.putDouble(site.rinksDate.actual.seconds);
-    sim.http.serve(site.rinks[0].url("master.b1"), master.data());
+    sim.http.serve(site.rinks[0].url("master.b1"), encoded(name, site.rinksDate.actual));
     sim.http.clearRequests();
     refresh(rink);
     EXPECT_EQ(requested(), urls({"master.b1", "main.b1"})) << name;

@@ -66,17 +66,9 @@ void MemoryFileSystem::change(Node& folder, EntryChange entryChange) {
   folder.unsyncedChanges.push_back(std::move(entryChange));
 }
 
-FileTime MemoryFileSystem::rounded(Instant instant) const {
-  constexpr std::int64_t kSecond = 1'000'000'000;
-  FileTime time = fileTimeOf(instant);
-  time.nanoseconds -= time.nanoseconds % std::min(dateGranularity_, kSecond);
-  if (dateGranularity_ > kSecond) time.seconds -= time.seconds % (dateGranularity_ / kSecond);
-  return time;
-}
-
 void MemoryFileSystem::fill(Node& file, ByteView content) {
   file.data.content.assign(content.begin(), content.end());
-  file.data.modificationTime = rounded(clock_.now());
+  file.data.modificationTime = fileTimeOf(clock_.now());
 }
 
 Result<Bytes> MemoryFileSystem::read(const Path& path) {
@@ -119,21 +111,22 @@ Status MemoryFileSystem::setAttributes(const Path& path, const FileAttributes& a
   if (const auto error = begin(Operation::setAttributes, path)) return *error;
   const NodePtr node = find(path);
   if (!node) return errorOf(std::errc::no_such_file_or_directory);
-  if (attributes.modificationDate) {
-    if (refusesDates_) return errorOf(std::errc::operation_not_permitted);
-    node->data.modificationTime = rounded(*attributes.modificationDate);
-  }
+  if (attributes.modificationDate) node->data.modificationTime = fileTimeOf(*attributes.modificationDate);
   if (attributes.permissions) node->data.permissions = *attributes.permissions;
   return Done{};
+}
+
+void MemoryFileSystem::syncNode(Node& node) {
+  node.synced = node.data;
+  node.syncedEntries = node.entries;
+  node.unsyncedChanges.clear();
 }
 
 Status MemoryFileSystem::sync(const Path& path) {
   if (const auto error = begin(Operation::sync, path)) return *error;
   const NodePtr node = find(path);
   if (!node) return errorOf(std::errc::no_such_file_or_directory);
-  node->synced = node->data;
-  node->syncedEntries = node->entries;
-  node->unsyncedChanges.clear();
+  syncNode(*node);
   return Done{};
 }
 
@@ -215,11 +208,6 @@ std::map<Path, MemoryFileSystem::FileState> MemoryFileSystem::snapshot() const {
 }
 
 void MemoryFileSystem::syncAll() {
-  const auto syncNode = [](Node& node) {
-    node.synced = node.data;
-    node.syncedEntries = node.entries;
-    node.unsyncedChanges.clear();
-  };
   syncNode(*root_);
   forEach(*root_, "/", [&](const Path&, Node& node) { syncNode(node); });
 }

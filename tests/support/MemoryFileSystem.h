@@ -59,11 +59,6 @@ class MemoryFileSystem : public FileSystem {
   void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
   /// Bytes of file content that the disk holds in all. A write beyond it fails with what fits left behind.
   void setCapacity(std::optional<std::int64_t> bytes) { capacity_ = bytes; }
-  /// The step of stored dates, by which they are cut: 1 as on most disks, 1'000'000'000 and 2'000'000'000 on
-  /// some.
-  void setDateGranularity(std::int64_t nanoseconds) { dateGranularity_ = nanoseconds; }
-  /// A disk that keeps its own dates: setting one is an error.
-  void setRefusesDates(bool refuses) { refusesDates_ = refuses; }
 
   /// Makes all as it stands safe.
   void syncAll();
@@ -114,7 +109,7 @@ class MemoryFileSystem : public FileSystem {
   static void change(Node& folder, EntryChange entryChange);
   static void apply(Entries& entries, const EntryChange& entryChange);
   void fill(Node& file, ByteView content);
-  FileTime rounded(Instant instant) const;
+  static void syncNode(Node& node);
   std::int64_t usedBytes() const;
   void crashNode(Node& node, SeededRandom* random);
   static void forEach(const Node& folder, const Path& path,
@@ -125,9 +120,7 @@ class MemoryFileSystem : public FileSystem {
   std::vector<Failure> failures_;
   std::vector<LoggedOperation> log_;
   bool readOnly_ = false;
-  bool refusesDates_ = false;
   std::optional<std::int64_t> capacity_;
-  std::int64_t dateGranularity_ = 1;
 };
 
 }  // namespace tarvel

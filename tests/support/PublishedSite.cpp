@@ -2,41 +2,31 @@
 
 #include <fmt/format.h>
 
-#include "foundation/DataEncoder.h"
+#include "support/Encoded.h"
 
 namespace tarvel {
 
 namespace {
 
-void put(DataEncoder& encoder, const FileRecord& file) {
-  encoder.putString(file.name);
-  encoder.putDouble(file.date.seconds);
+Bytes fileRow(const FileRecord& file) {
+  return encoded(file.name, file.date);
 }
 
-void putLogo(DataEncoder& encoder, std::optional<Instant> date, std::int64_t size) {
-  encoder.putBool(date.has_value());
-  if (!date) return;
-  encoder.putDouble(date->seconds);
-  encoder.putInt(size);
+Bytes logo(std::optional<Instant> date, std::int64_t size) {
+  return date ? encoded(true, *date, size) : encoded(false);
 }
 
-void put(DataEncoder& encoder, const RinkRecord& rink) {
-  encoder.putInt(rink.rinkID);
-  for (const std::string* text : {&rink.name, &rink.street, &rink.city, &rink.state, &rink.zip}) {
-    encoder.putString(*text);
-  }
-  encoder.putUInt64(rink.phone);
-  encoder.putDouble(rink.latitude);
-  encoder.putDouble(rink.longitude);
-  for (const std::string* text : {&rink.timeZone, &rink.websiteUrl, &rink.serverUrl, &rink.dataPath}) {
-    encoder.putString(*text);
-  }
-  putLogo(encoder, rink.logoFileDate, rink.logoFileSize);
-  putLogo(encoder, rink.darkLogoFileDate, rink.darkLogoFileSize);
+Bytes row(const RinkRecord& rink) {
+  return encoded(rink.rinkID, rink.name, rink.street, rink.city, rink.state, rink.zip, rink.phone,
+                 rink.latitude, rink.longitude, rink.timeZone, rink.websiteUrl, rink.serverUrl, rink.dataPath,
+                 logo(rink.logoFileDate, rink.logoFileSize),
+                 logo(rink.darkLogoFileDate, rink.darkLogoFileSize));
 }
 
-void putCount(DataEncoder& encoder, std::size_t count) {
-  encoder.putInt(static_cast<std::int64_t>(count));
+Bytes venueRow(const PublishedVenue& venue) {
+  const VenueRecord& record = venue.record;
+  return encoded(record.venueID, static_cast<std::int8_t>(record.venueKind), record.name, record.note,
+                 record.displayOrder);
 }
 
 }  // namespace
@@ -51,98 +41,50 @@ std::string PublishedVenue::weekName(const PublishedWeek& week) const {
 }
 
 Bytes PublishedRink::master() const {
-  DataEncoder encoder;
-  put(encoder, {"main.b1", mainDate.listed()});
-  return encoder.data();
+  return fileRow({"main.b1", mainDate.listed()});
 }
 
 Bytes PublishedRink::main() const {
-  DataEncoder encoder;
-  encoder.putDouble(mainDate.actual.seconds);
-  encoder.putUInt32(firstWeek);
-  encoder.putUInt32(lastWeek);
-  putCount(encoder, venues.size());
-  for (const PublishedVenue& venue : venues) {
-    encoder.putInt(venue.record.venueID);
-    encoder.putInt8(static_cast<std::int8_t>(venue.record.venueKind));
-    encoder.putString(venue.record.name);
-    encoder.putString(venue.record.note);
-    encoder.putInt(venue.record.displayOrder);
-  }
-  putCount(encoder, venues.size() + otherFiles.size());
+  std::vector<FileRecord> listed;
+  listed.reserve(venues.size() + otherFiles.size());
   for (const PublishedVenue& venue : venues)
-    put(encoder, {venue.schedulesName(), venue.schedulesDate.listed()});
-  for (const FileRecord& file : otherFiles) put(encoder, file);
-  encoder.putString(photosFolder);
-  encoder.putString("not read");
-  encoder.putInt(41);
-  encoder.putString("Cover");
-  encoder.putString("The hall");
-  encoder.putInt(1);
-  encoder.putDouble(640.0);
-  encoder.putDouble(480.0);
-  encoder.putInt(12'345);
-  encoder.putDouble(794'000'000.5);
-  return encoder.data();
+    listed.push_back({venue.schedulesName(), venue.schedulesDate.listed()});
+  listed.insert(listed.end(), otherFiles.begin(), otherFiles.end());
+  return encoded(mainDate.actual, firstWeek, lastWeek, encodedList(venues, venueRow),
+                 encodedList(listed, fileRow), photosFolder, "not read", 41, "Cover", "The hall", 1, 640.0,
+                 480.0, 12'345, 794'000'000.5);
 }
 
 Bytes PublishedRink::schedules(const PublishedVenue& venue) {
-  DataEncoder encoder;
-  encoder.putDouble(venue.schedulesDate.actual.seconds);
-  putCount(encoder, venue.weeks.size());
-  for (const PublishedWeek& week : venue.weeks) put(encoder, {venue.weekName(week), week.date.listed()});
-  return encoder.data();
+  return encoded(venue.schedulesDate.actual, encodedList(venue.weeks, [&](const PublishedWeek& week) {
+                   return fileRow({venue.weekName(week), week.date.listed()});
+                 }));
 }
 
 Bytes PublishedRink::week(const PublishedWeek& week) {
-  DataEncoder encoder;
-  encoder.putDouble(week.date.actual.seconds);
-  putCount(encoder, week.items.size());
-  for (const ScheduleItemRecord& item : week.items) {
-    encoder.putInt8(static_cast<std::int8_t>(item.kind));
-    encoder.putInt8(static_cast<std::int8_t>(item.day));
-    encoder.putInt16(static_cast<std::int16_t>(item.time));
-    encoder.putInt16(static_cast<std::int16_t>(item.duration));
-    encoder.putString(item.subtitle);
-    encoder.putString(item.note);
-  }
-  return encoder.data();
+  return encoded(week.date.actual, encodedList(week.items, [](const ScheduleItemRecord& item) {
+                   return encoded(static_cast<std::int8_t>(item.kind), static_cast<std::int8_t>(item.day),
+                                  static_cast<std::int16_t>(item.time),
+                                  static_cast<std::int16_t>(item.duration), item.subtitle, item.note);
+                 }));
 }
 
 Bytes PublishedSite::root() const {
-  DataEncoder encoder;
-  encoder.putInt64(6LL << 48);
-  encoder.putInt64(minimumVersion);
-  encoder.putInt64(0);
-  encoder.putInt64(0);
-  encoder.putString(applicationWebsiteURL);
-  encoder.putInt(3);
-  put(encoder, {"defs.b1", defsDate.listed()});
-  put(encoder, {"unknown.b1", {1.0}});
-  put(encoder, {"rinks.b1", rinksDate.listed()});
-  return encoder.data();
+  return encoded(6LL << 48, minimumVersion, 0, 0, applicationWebsiteURL, 3,
+                 fileRow({"defs.b1", defsDate.listed()}), fileRow({"unknown.b1", {1.0}}),
+                 fileRow({"rinks.b1", rinksDate.listed()}));
 }
 
 Bytes PublishedSite::defs() const {
-  DataEncoder encoder;
-  encoder.putDouble(defsDate.actual.seconds);
-  putCount(encoder, sessions.size());
-  for (const PublishedSession& session : sessions) {
-    encoder.putDouble(session.color.red);
-    encoder.putDouble(session.color.green);
-    encoder.putDouble(session.color.blue);
-    encoder.putDouble(session.color.alpha);
-    encoder.putString(session.name);
-  }
-  return encoder.data();
+  return encoded(defsDate.actual, encodedList(sessions, [](const PublishedSession& session) {
+                   const Color& color = session.color;
+                   return encoded(color.red, color.green, color.blue, color.alpha, session.name);
+                 }));
 }
 
 Bytes PublishedSite::rinkList() const {
-  DataEncoder encoder;
-  encoder.putDouble(rinksDate.actual.seconds);
-  putCount(encoder, rinks.size());
-  for (const PublishedRink& rink : rinks) put(encoder, rink.record);
-  return encoder.data();
+  return encoded(rinksDate.actual,
+                 encodedList(rinks, [](const PublishedRink& rink) { return row(rink.record); }));
 }
 
 std::map<std::string, Bytes> PublishedSite::files() const {

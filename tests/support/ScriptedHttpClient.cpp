@@ -22,7 +22,6 @@ void ScriptedHttpClient::get(const std::string& url, Completion completion) {
   auto arrival = world_.mainLoop().after(
       latency, [this, number, result = std::move(result)]() mutable { complete(number, std::move(result)); });
   flights_.emplace(number, Flight{url, std::move(completion), std::move(arrival)});
-  maxInFlight_ = std::max(maxInFlight_, flights_.size());
 }
 
 void ScriptedHttpClient::complete(std::uint64_t number, HttpResult result) {
@@ -32,9 +31,6 @@ void ScriptedHttpClient::complete(std::uint64_t number, HttpResult result) {
 }
 
 ScriptedHttpClient::Reply ScriptedHttpClient::replyTo(const Request& request) const {
-  if (interceptor_) {
-    if (auto reply = interceptor_(request)) return *reply;
-  }
   const auto own = handlers_.find(request.url);
   if (own != handlers_.end()) return own->second(request);
   for (auto entry = prefixHandlers_.rbegin(); entry != prefixHandlers_.rend(); ++entry) {

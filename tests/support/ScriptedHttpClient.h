@@ -40,10 +40,6 @@ class ScriptedHttpClient : public HttpClient {
   void handlePrefix(const std::string& prefix, Handler handler) {
     prefixHandlers_[prefix] = std::move(handler);
   }
-  /// Asked before all others; an outer none passes the request on to them. For faults.
-  void intercept(std::function<std::optional<Reply>(const Request&)> interceptor) {
-    interceptor_ = std::move(interceptor);
-  }
   /// From a request to its reply; 0 replies in the next turns.
   void setLatency(double seconds) {
     latency_ = [seconds](const Request&) { return seconds; };
@@ -53,8 +49,6 @@ class ScriptedHttpClient : public HttpClient {
   const std::vector<Request>& requests() const { return requests_; }
   std::size_t requestCount(const std::string& url) const;
   void clearRequests() { requests_.clear(); }
-  std::size_t inFlight() const { return flights_.size(); }
-  std::size_t maxInFlight() const { return maxInFlight_; }
   /// The most requests of one URL that were under way at once, over all URLs.
   int maxInFlightOfOneUrl() const { return maxInFlightOfOneUrl_; }
 
@@ -69,7 +63,6 @@ class ScriptedHttpClient : public HttpClient {
   };
 
   SimWorld& world_;
-  std::function<std::optional<Reply>(const Request&)> interceptor_;
   std::map<std::string, Handler> handlers_;
   std::map<std::string, Handler> prefixHandlers_;
   std::function<double(const Request&)> latency_;
@@ -77,7 +70,6 @@ class ScriptedHttpClient : public HttpClient {
   std::uint64_t lastNumber_ = 0;
   std::map<std::uint64_t, Flight> flights_;
   std::map<std::string, int> inFlightByUrl_;
-  std::size_t maxInFlight_ = 0;
   int maxInFlightOfOneUrl_ = 0;
 };
 

@@ -17,10 +17,6 @@ class SeededRandom {
   }
   /// 0 to `count` - 1; `count` is 1 or more.
   std::uint64_t below(std::uint64_t count) { return next() % count; }
-  /// `first` to `last`, both included.
-  std::int64_t between(std::int64_t first, std::int64_t last) {
-    return first + static_cast<std::int64_t>(below(static_cast<std::uint64_t>(last - first) + 1));
-  }
   /// 0.0 up to but not 1.0.
   double fraction() { return static_cast<double>(next() >> 11) * 0x1p-53; }
   /// True `probability` of the times.

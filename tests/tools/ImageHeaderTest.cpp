@@ -2,34 +2,28 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "SampleInput.h"
 
 namespace tarvel::publish {
 namespace {
 
 TEST(ImageHeader, ReadsSizesOfBothFormats) {
-  const auto png = readImageHeader(pngImage(70000, 3));
-  ASSERT_TRUE(png);
-  EXPECT_EQ(png->format, ImageFormat::png);
-  EXPECT_EQ(png->width, 70000);
-  EXPECT_EQ(png->height, 3);
-  const auto jpeg = readImageHeader(jpegImage(1600, 1067));
-  ASSERT_TRUE(jpeg);
-  EXPECT_EQ(jpeg->format, ImageFormat::jpeg);
-  EXPECT_EQ(jpeg->width, 1600);
-  EXPECT_EQ(jpeg->height, 1067);
-}
-
-TEST(ImageHeader, PassesOverWhatIsNoFrameHeader) {
   // A Huffman table, whose marker lies among those of the frames, and a marker without a segment stand before
-  // it.
-  Bytes jpeg = {0xFF, 0xD8, 0xFF, 0xC4, 0, 9, 0xFF, 0xC0, 0, 8, 8, 0, 1, 0xFF, 0x01};
+  // the frame's header.
+  Bytes more = {0xFF, 0xD8, 0xFF, 0xC4, 0, 9, 0xFF, 0xC0, 0, 8, 8, 0, 1, 0xFF, 0x01};
   const Bytes rest = jpegImage(20, 10);
-  jpeg.insert(jpeg.end(), rest.begin() + 2, rest.end());
-  const auto header = readImageHeader(jpeg);
-  ASSERT_TRUE(header);
-  EXPECT_EQ(header->width, 20);
-  EXPECT_EQ(header->height, 10);
+  more.insert(more.end(), rest.begin() + 2, rest.end());
+  const std::tuple<Bytes, ImageFormat, int, int> cases[] = {
+      {pngImage(70000, 3), ImageFormat::png, 70000, 3},
+      {jpegImage(1600, 1067), ImageFormat::jpeg, 1600, 1067},
+      {more, ImageFormat::jpeg, 20, 10}};
+  for (const auto& [image, format, width, height] : cases) {
+    const auto header = readImageHeader(image);
+    ASSERT_TRUE(header) << width;
+    EXPECT_EQ(std::tie(header->format, header->width, header->height), std::tie(format, width, height));
+  }
 }
 
 TEST(ImageHeader, RefusesEveryCutAndEmptySizes) {

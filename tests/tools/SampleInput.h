@@ -4,10 +4,10 @@
 #include <string>
 
 #include "foundation/DataDecoder.h"
-#include "platform/Clock.h"
 #include "publish/PublishInput.h"
 #include "publish/Publisher.h"
 #include "support/MemoryFileSystem.h"
+#include "support/SimWorld.h"
 
 namespace tarvel::publish {
 
@@ -35,15 +35,10 @@ class SampleInput {
   Instant diskDate(const std::string& path);
 
  private:
-  struct StillClock : Clock {
-    Instant now() const override { return {1.0}; }
-    double monotonicSeconds() const override { return 1.0; }
-    TimeZone machineZone() const override { return TimeZone::utc(); }
-  };
-  StillClock clock_;
+  SimWorld world_;
 
  public:
-  MemoryFileSystem disk{clock_};
+  MemoryFileSystem disk{world_.clock()};
 };
 
 }  // namespace tarvel::publish

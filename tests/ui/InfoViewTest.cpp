@@ -10,15 +10,8 @@
 namespace tarvel {
 namespace {
 
-/// The rectangle of all pixels that the text has touched.
 QRect inkOf(const QImage& image) {
-  QRect ink;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (image.pixelColor(x, y) != test::kUntouched) ink |= QRect(x, y, 1, 1);
-    }
-  }
-  return ink;
+  return test::inkOf(image, [](const QColor& pixel) { return pixel != test::kUntouched; });
 }
 
 TEST(InfoView, textStandsInTheMiddleOfTheHeightBetweenTheMargins) {
@@ -62,17 +55,6 @@ TEST(InfoView, onlyDoubleClicksWithTheLeftButtonRunTheAction) {
   EXPECT_TRUE(senders.empty());
   send(QEvent::MouseButtonDblClick, Qt::LeftButton);
   EXPECT_EQ(senders, std::vector<InfoView*>{view});
-}
-
-TEST(InfoView, isCountedAsWhatItIsAndAsABox) {
-  const auto boxes = BoxView::liveCount();
-  const auto infos = InfoView::liveCount();
-  {
-    InfoView view;
-    EXPECT_EQ(InfoView::liveCount(), infos + 1);
-    EXPECT_EQ(BoxView::liveCount(), boxes + 1);
-  }
-  EXPECT_EQ(InfoView::liveCount(), infos);
 }
 
 }  // namespace

@@ -19,6 +19,9 @@ class LittleServer {
   /// Given the path and the whole head of the request.
   using Handler = std::function<Answer(const std::string& path, const std::string& head)>;
 
+  /// The same answer for all.
+  explicit LittleServer(Answer answer)
+      : LittleServer([answer](const std::string&, const std::string&) { return answer; }) {}
   explicit LittleServer(Handler handler) : handler_(std::move(handler)) {
     server_.listen(QHostAddress::LocalHost);
     QObject::connect(&server_, &QTcpServer::newConnection, [this] {

@@ -16,4 +16,16 @@ inline QImage painted(QWidget& view, double devicePixelRatio = 1.0) {
   return image;
 }
 
+/// The smallest rectangle with all pixels for which `isInk` holds.
+template <class IsInk>
+QRect inkOf(const QImage& image, IsInk isInk) {
+  QRect ink;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (isInk(image.pixelColor(x, y))) ink |= QRect(x, y, 1, 1);
+    }
+  }
+  return ink;
+}
+
 }  // namespace tarvel::test

@@ -49,14 +49,5 @@ TEST(RinkImage, DrawsItsPixelsInItsPlace) {
   }
 }
 
-TEST(RinkImage, AForeignPictureDrawsNothing) {
-  struct Foreign final : Image {
-    Size pixelSize() const override { return {10, 10}; }
-  };
-  QImage canvas(20, 20, QImage::Format_RGB32);
-  QPainter painter(&canvas);
-  EXPECT_EQ(drawImage(painter, Foreign(), {0, 0, 20, 20}), Rect{});
-}
-
 }  // namespace
 }  // namespace tarvel

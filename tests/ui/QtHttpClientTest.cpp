@@ -98,12 +98,9 @@ TEST_F(QtHttpClientTest, EveryWholeAnswerIsAResponseAndNoOther) {
   } cases[] = {
       {"ok", {LittleServer::reply("200 OK", "body")}, "200 body"},
       {"not found, with its page", {LittleServer::reply("404 Not Found", "gone")}, "404 gone"},
-      {"bad request", {LittleServer::reply("400 Bad Request", "no")}, "400 no"},
       {"unauthorised",
        {LittleServer::reply("401 Unauthorized", "who", "WWW-Authenticate: Basic realm=\"x\"\r\n")},
        "401 who"},
-      {"a rare refusal", {LittleServer::reply("418 Teapot", "t")}, "418 t"},
-      {"server error", {LittleServer::reply("500 Oops", "e")}, "500 e"},
       {"unavailable", {LittleServer::reply("503 Busy", "b")}, "503 b"},
       {"no content", {"HTTP/1.1 204 No Content\r\n\r\n"}, "204 "},
       {"not modified", {"HTTP/1.1 304 Not Modified\r\n\r\n"}, "304 "},
@@ -119,28 +116,17 @@ TEST_F(QtHttpClientTest, EveryWholeAnswerIsAResponseAndNoOther) {
        {"HTTP/1.1 404 Not Found\r\nContent-Length: 50\r\n\r\npart", LittleServer::After::close},
        "transport"},
       {"closed without a word", {"", LittleServer::After::close}, "transport"},
+      {"no HTTP at all", {"SSH-2.0-server ready\r\n\r\n", LittleServer::After::close}, "transport"},
       {"cut head", {"HTTP/1.1 200 OK\r\nConte", LittleServer::After::close}, "transport"},
   };
   for (const auto& c : cases) {
-    LittleServer server([&](const std::string&, const std::string&) { return c.answer; });
+    LittleServer server(c.answer);
     EXPECT_EQ(textOf(get(server.url("/file.b1"))), c.expected) << c.name;
   }
 }
 
-TEST_F(QtHttpClientTest, WhatIsNoHttpIsAFailure) {
-  LittleServer server([](const std::string&, const std::string&) {
-    return Answer{"SSH-2.0-server ready\r\n\r\n", LittleServer::After::close};
-  });
-  EXPECT_TRUE(std::holds_alternative<HttpFailure>(get(server.url("/"))));
-}
-
 TEST_F(QtHttpClientTest, AddressesThatCannotBeFetchedAreTransportFailures) {
-  LittleServer closed([](const std::string&, const std::string&) { return Answer{}; });
-  std::string refused;
-  {
-    LittleServer gone([](const std::string&, const std::string&) { return Answer{}; });
-    refused = gone.url("/");
-  }
+  const std::string refused = LittleServer(Answer{}).url("/");
   for (const std::string& url :
        {std::string(), std::string("no address"), std::string("http://"), std::string("http:///path"),
         std::string("http://host:99999/"), std::string("http://ho st/"), std::string("file:///etc/hostname"),
@@ -148,7 +134,6 @@ TEST_F(QtHttpClientTest, AddressesThatCannotBeFetchedAreTransportFailures) {
         std::string("\xff\xfe"), refused}) {
     EXPECT_EQ(textOf(get(url)), "transport") << url;
   }
-  EXPECT_TRUE(closed.requests().empty());
 }
 
 TEST_F(QtHttpClientTest, FollowsFiveRedirectsAndNoMore) {
@@ -163,17 +148,14 @@ TEST_F(QtHttpClientTest, FollowsFiveRedirectsAndNoMore) {
 
 TEST_F(QtHttpClientTest, NoRedirectLeavesTheWeb) {
   for (const char* target : {"file:///etc/hostname", "ftp://127.0.0.1/x", "qrc:/tarvel.svg"}) {
-    LittleServer server(
-        [&](const std::string&, const std::string&) { return Answer{LittleServer::redirect(target)}; });
+    LittleServer server(Answer{LittleServer::redirect(target)});
     EXPECT_EQ(textOf(get(server.url("/"))), "transport") << target;
   }
 }
 
 TEST_F(QtHttpClientTest, NothingIsKeptBetweenRequests) {
-  LittleServer server([](const std::string&, const std::string&) {
-    return Answer{LittleServer::reply("200 OK", "x",
-                                      "Set-Cookie: a=b\r\nCache-Control: max-age=9999\r\nETag: \"1\"\r\n")};
-  });
+  LittleServer server(Answer{LittleServer::reply(
+      "200 OK", "x", "Set-Cookie: a=b\r\nCache-Control: max-age=9999\r\nETag: \"1\"\r\n")});
   for (int i = 0; i < 2; ++i) EXPECT_EQ(textOf(get(server.url("/same"))), "200 x");
   ASSERT_EQ(server.requests().size(), 2u);
   for (const char* header : {"Cookie", "If-None-Match", "If-Modified-Since"}) {
@@ -187,11 +169,8 @@ TEST_F(QtHttpClientTest, ALongBodyIsAFailure) {
   QtHttpClient client(loop_, limits);
   for (const auto& [size, fits] : {std::pair{1000, true}, {1001, false}, {300'000, false}}) {
     const std::string body(static_cast<std::size_t>(size), 'x');
-    LittleServer announced(
-        [&](const std::string&, const std::string&) { return Answer{LittleServer::reply("200 OK", body)}; });
-    LittleServer unannounced([&](const std::string&, const std::string&) {
-      return Answer{"HTTP/1.1 200 OK\r\n\r\n" + body, LittleServer::After::close};
-    });
+    LittleServer announced(Answer{LittleServer::reply("200 OK", body)});
+    LittleServer unannounced(Answer{"HTTP/1.1 200 OK\r\n\r\n" + body, LittleServer::After::close});
     const std::string expected = fits ? "200 " + body : "transport";
     EXPECT_EQ(textOf(get(client, announced.url("/"))), expected) << size;
     EXPECT_EQ(textOf(get(client, unannounced.url("/"))), expected) << size;
@@ -199,9 +178,7 @@ TEST_F(QtHttpClientTest, ALongBodyIsAFailure) {
 }
 
 TEST_F(QtHttpClientTest, FailsAfterAMinuteOfSilenceAndTenMinutesInAll) {
-  LittleServer server([](const std::string&, const std::string&) {
-    return Answer{"HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\nx"};
-  });
+  LittleServer server(Answer{"HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\nx"});
   const auto minutesUntilFailure = [&](bool dripping) {
     std::optional<HttpResult> result;
     const int movesAtStart = loop_.moves();
@@ -239,8 +216,7 @@ TEST_F(QtHttpClientTest, ManyRequestsRunAtOnceAndEachCompletesOnce) {
 }
 
 TEST_F(QtHttpClientTest, ADestroyedClientCompletesNothing) {
-  LittleServer server(
-      [](const std::string&, const std::string&) { return Answer{LittleServer::reply("200 OK", "x")}; });
+  LittleServer server(Answer{LittleServer::reply("200 OK", "x")});
   auto client = std::make_unique<QtHttpClient>(loop_);
   int completions = 0;
   client->get(server.url("/"), [&](const HttpResult&) { ++completions; });
@@ -248,18 +224,10 @@ TEST_F(QtHttpClientTest, ADestroyedClientCompletesNothing) {
   client.reset();
   EXPECT_EQ(textOf(get(server.url("/"))), "200 x");
   EXPECT_EQ(completions, 0);
-}
-
-TEST_F(QtHttpClientTest, ACompletionMayDestroyItsClient) {
-  LittleServer server(
-      [](const std::string&, const std::string&) { return Answer{LittleServer::reply("200 OK", "x")}; });
-  auto client = std::make_unique<QtHttpClient>(loop_);
-  bool done = false;
-  client->get(server.url("/"), [&](const HttpResult&) {
-    client.reset();
-    done = true;
-  });
-  test::runUntil([&] { return done; });
+  // A completion may destroy its own client.
+  client = std::make_unique<QtHttpClient>(loop_);
+  client->get(server.url("/"), [&](const HttpResult&) { client.reset(); });
+  test::runUntil([&] { return !client; });
 }
 
 }  // namespace

@@ -106,13 +106,5 @@ TEST_F(WindowOrderTest, AHandlerMayPassTheKeyOn) {
   EXPECT_FALSE(a.isMain());
 }
 
-TEST_F(WindowOrderTest, WindowsAreCounted) {
-  const auto before = Window::liveCount();
-  auto window = std::make_unique<Window>();
-  EXPECT_EQ(Window::liveCount(), before + 1);
-  window.reset();
-  EXPECT_EQ(Window::liveCount(), before);
-}
-
 }  // namespace
 }  // namespace tarvel

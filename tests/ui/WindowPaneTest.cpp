@@ -138,14 +138,5 @@ TEST_F(WindowPaneTest, focusViewMayGoFirst) {
   window.pane->setFocusView(window.second);
 }
 
-TEST_F(WindowPaneTest, frameLiesOnTheBackground) {
-  window.pane->setFrameColor(QColor(200, 0, 0));
-  const QImage image = test::painted(*window.pane);
-  EXPECT_EQ(image.pixelColor(0, 50), QColor(200, 0, 0));
-  EXPECT_EQ(image.pixelColor(199, 99), QColor(200, 0, 0));
-  EXPECT_EQ(image.pixelColor(1, 50), kSurface);
-  EXPECT_TRUE(window.pane->isOpaque());
-}
-
 }  // namespace
 }  // namespace tarvel

@@ -116,15 +116,6 @@ TEST_F(WindowTest, ZoomsToTheDelegatesFrameAndBack) {
   EXPECT_EQ(window_.frame(), small);
 }
 
-TEST_F(WindowTest, CascadesFromASibling) {
-  window_.setFrame({100, 200, 300, 200});
-  Window next;
-  next.setFrame(window_.frame());
-  const Rect frame = window_.frame();
-  next.setFrameTopLeftPoint(next.cascadeTopLeftFromPoint({frame.x, frame.maxY()}));
-  EXPECT_EQ(next.frame(), (Rect{124, 176, 300, 200}));
-}
-
 TEST_F(WindowTest, TheUsersClosingAsksTheDelegateFirst) {
   const struct {
     const char* name;

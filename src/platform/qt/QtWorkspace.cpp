@@ -2,11 +2,19 @@
 
 #include <QDesktopServices>
 #include <QUrl>
+#include <cmath>
 #include <utility>
 
+#include "platform/qt/MapHandler.h"
 #include "platform/qt/SleepWatch.h"
 
 namespace tarvel {
+namespace {
+
+constexpr double kMaxLatitude = 90.0;
+constexpr double kMaxLongitude = 180.0;
+
+}  // namespace
 
 class QtWorkspace::WakeSubscription final : public Workspace::Subscription {
  public:
@@ -29,6 +37,17 @@ bool QtWorkspace::openUrl(const std::string& url) {
   const bool web = parsed.scheme() == u"http" || parsed.scheme() == u"https";
   if (!parsed.isValid() || !web || parsed.host().isEmpty()) return false;
   return QDesktopServices::openUrl(parsed);
+}
+
+bool QtWorkspace::openLocation(double latitude, double longitude) {
+  // Written so that no number that isn't one passes.
+  const bool onGlobe = std::abs(latitude) <= kMaxLatitude && std::abs(longitude) <= kMaxLongitude;
+  if (!onGlobe) return false;
+  if (hasMapApplication() &&
+      QDesktopServices::openUrl(QUrl(QString::fromStdString(geoLink(latitude, longitude))))) {
+    return true;
+  }
+  return openUrl(mapWebsiteLink(latitude, longitude));
 }
 
 std::unique_ptr<Workspace::Subscription> QtWorkspace::onWake(std::function<void()> handler) {

@@ -15,6 +15,7 @@ class QtWorkspace final : public Workspace {
   QtWorkspace& operator=(const QtWorkspace&) = delete;
 
   bool openUrl(const std::string& url) override;
+  bool openLocation(double latitude, double longitude) override;
   /// The subscription may outlive the workspace, and then only ends.
   std::unique_ptr<Subscription> onWake(std::function<void()> handler) override;
 
