@@ -3,19 +3,16 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QShortcut>
+#include <QStackedLayout>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <utility>
 
-#include "mainwindow/WindowLimits.h"
+#include "mainwindow/MessagePane.h"
 
 namespace tarvel {
 namespace {
 
 const QString kApplicationName = QStringLiteral("Tarvel");
 constexpr Size kFirstSize{1240.0, 800.0};
-/// What the open list adds to the window's least width: its own width and a margin.
-constexpr double kRinksSidebarDelta = RinkSidebar::kWidth + 8.0;
 
 }  // namespace
 
@@ -25,15 +22,15 @@ std::unique_ptr<MainWindowController> MainWindowController::create(const WindowC
 
 MainWindowController::MainWindowController(const WindowContext& context)
     : DataLoadingWindowController(std::make_unique<Window>(), context.services.notifications),
-      context_(context) {
+      context_(context),
+      popovers_(context) {
   makeViews();
   connectControls();
+  addShortcuts();
   observeModel();
   const Rect visible = window()->visibleFrame();
-  applyWindowFrame({visible.x + (visible.width - kFirstSize.width) / 2, visible.maxY() - kFirstSize.height,
-                    kFirstSize.width, kFirstSize.height});
-  titleRow_->setShowRinks(showRinks_);
-  rinkSidebar_->rinkListView().enabled = true;
+  sidebars_->applyWindowFrame({visible.x + (visible.width - kFirstSize.width) / 2,
+                               visible.maxY() - kFirstSize.height, kFirstSize.width, kFirstSize.height});
   updateControls();
 }
 
@@ -44,74 +41,63 @@ MainWindowController::~MainWindowController() {
 
 void MainWindowController::makeViews() {
   rinkSidebar_ = new RinkSidebar(context_, window());
-  titleRow_ = new TitleRow(context_.services, window());
-  schedulePane_ = new SchedulePane(context_, window());
+  rinkSidebar_->rinkListView().enabled = true;
+  titleRow_ = new MainTitleRow(window());
+  schedule_ = std::make_unique<ScheduleController>(context_, *this, window());
+  containerView_ = new QStackedLayout;
+  const auto messagePane = [&](const char* text) { return new MessagePane(context_, text, window()); };
+  panes_ = {messagePane("No Rink Selected"), &schedule_->pane(), messagePane("No Notices"),
+            messagePane("No Photos")};
+  for (WindowPane* pane : panes_) containerView_->addWidget(pane);
   auto* column = new QVBoxLayout;
   column->setSpacing(0);
   column->addWidget(titleRow_);
-  column->addWidget(schedulePane_, 1);
+  column->addLayout(containerView_, 1);
   auto* row = new QHBoxLayout(window());
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
   row->addWidget(rinkSidebar_);
   row->addLayout(column, 1);
+  sidebars_ = std::make_unique<WindowSidebars>(
+      WindowSidebars::Views{*window(), *rinkSidebar_, schedule_->pane(), *titleRow_});
 }
 
 void MainWindowController::connectControls() {
-  schedulePane_->controlsChanged = [this] { updateControls(); };
-  QObject::connect(titleRow_, &TitleRow::toggleShowRinks, window(), [this] { toggleShowRinks(); });
-  QObject::connect(titleRow_, &TitleRow::prev, window(), [this] { prev(); });
-  QObject::connect(titleRow_, &TitleRow::gotoNow, window(), [this] { gotoNow(); });
-  QObject::connect(titleRow_, &TitleRow::next, window(), [this] { next(); });
-  addShortcut(Qt::Key_Left, [this] { titleRow_->clickPrevious(); });
-  addShortcut(Qt::Key_Right, [this] { titleRow_->clickNext(); });
+  const auto on = [this](auto signal, auto action) {
+    QObject::connect(titleRow_, signal, window(), std::move(action));
+  };
+  on(&MainTitleRow::toggleShowRinks, [this] { toggleShowRinks(); });
+  on(&MainTitleRow::toggleShowCalendar, [this] { toggleShowCalendar(); });
+  on(&MainTitleRow::paneChosen, [this](int kind) { selectPane(static_cast<MainWindowPane>(kind)); });
+  on(&MainTitleRow::prev, [this] { prev(); });
+  on(&MainTitleRow::gotoNow, [this] { gotoNow(); });
+  on(&MainTitleRow::next, [this] { next(); });
+  on(&MainTitleRow::showRefreshStatus, [this](QWidget* button) { showRefreshRinkStatus(*button); });
+  rinkSidebar_->refreshStatus().clicked = [this](QWidget& button) { showRefreshMainStatus(button); };
+  keys_ = std::make_unique<WindowKeys>(*window(), context_.sounds);
+  keys_->left = [this] { prev(); };
+  keys_->right = [this] { next(); };
+  keys_->escape = [] {};
+}
+
+void MainWindowController::addShortcuts() {
   addShortcut(QKeySequence::Refresh, [this] { refreshNow(); });
+  addShortcut(QKeySequence::Print, [this] { printWindow(); });
+  addShortcut(QKeySequence::ZoomIn, [this] { schedule_->increaseTextSize(); });
+  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Equal), [this] { schedule_->increaseTextSize(); });
+  addShortcut(QKeySequence::ZoomOut, [this] { schedule_->decreaseTextSize(); });
+  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), [this] { gotoNow(); });
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { window()->performClose(); });
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), [] { QApplication::quit(); });
+  for (int kind = 0; kind < static_cast<int>(panes_.size()); ++kind) {
+    addShortcut(QKeySequence(Qt::CTRL | (Qt::Key_1 + kind)),
+                [this, kind] { selectPane(static_cast<MainWindowPane>(kind)); });
+  }
 }
 
 void MainWindowController::addShortcut(const QKeySequence& keys, std::function<void()> action) {
   auto* shortcut = new QShortcut(keys, window());
   QObject::connect(shortcut, &QShortcut::activated, window(), std::move(action));
-}
-
-void MainWindowController::observeModel() {
-  const auto on = [this](NotificationName name, NotificationCenter::Handler handler) {
-    observations_.push_back(notifications().observe(name, std::move(handler)));
-  };
-  const auto onMyRink = [&](NotificationName name, std::function<void()> action) {
-    on(name, [this, action = std::move(action)](const Notification& notification) {
-      if (isCurrentRink(notification)) action();
-    });
-  };
-  on(kRinkListChanged, [this](const Notification&) { updateRinkContent(); });
-  on(kRinkInfoChanged, [this](const Notification& notification) { rinkInfoChanged(notification); });
-  onMyRink(kVenuesChanged, [this] {
-    context_.services.console.printLine("MainWindowController venuesChanged");
-    schedulePane_->venuesChanged();
-  });
-  onMyRink(kCurrentTimeOfDayChanged, [this] { schedulePane_->timeTick(); });
-  onMyRink(kCurrentDateChanged, [this] { schedulePane_->currentDateChanged(); });
-  onMyRink(kTimeZoneChanged, [this] { schedulePane_->currentDateChanged(); });
-  onMyRink(kDateRangeChanged, [this] { schedulePane_->dateRangeChanged(); });
-  onMyRink(kSchedulesChanged, [this] { needsData(); });
-  on(kSelectionChanged, [this](const Notification& notification) { selectionChanged(notification); });
-  on(kCheckObservers, [this](const Notification&) { context_.observerCensus.checkObservers(className()); });
-}
-
-bool MainWindowController::isCurrentRink(const Notification& notification) const {
-  const auto rink = currentRinkData();
-  return rink && notification.object.is(rink.get());
-}
-
-void MainWindowController::rinkInfoChanged(const Notification& notification) {
-  const auto info = currentRinkInfo_.lock();
-  if (info && notification.integer(kRinkIDKey) == info->rinkID) updateRinkContent();
-}
-
-void MainWindowController::selectionChanged(const Notification& notification) {
-  const RinkListView& list = rinkSidebar_->rinkListView();
-  if (notification.object.is(&list)) chooseRink(list.selectedRink());
 }
 
 void MainWindowController::chooseRink(const std::shared_ptr<RinkInfo>& rinkInfo) {
@@ -121,14 +107,13 @@ void MainWindowController::chooseRink(const std::shared_ptr<RinkInfo>& rinkInfo)
   const auto rink = rinkInfo ? context_.dataModel.rinkData(rinkInfo->rinkID) : nullptr;
   currentRinkData_ = rink;
   if (rink) rink->readMainFile();
-  schedulePane_->setRink(rink);
+  schedule_->chooseRink(rink);
   if (rink) {
     rink->lastViewed = context_.services.clock.now();
     rink->refresher().refreshIfDue();
   }
-  titleRow_->refreshStatus().watch(
-      rink.get(), [held = currentRinkData_]() -> RefreshableProtocol* { return held.lock().get(); });
-  schedulePane_->fillForRink();
+  updateRefreshIcon();
+  updateRinkContent();
   needsData();
   updateControls();
 }
@@ -136,99 +121,79 @@ void MainWindowController::chooseRink(const std::shared_ptr<RinkInfo>& rinkInfo)
 void MainWindowController::loadData() {
   isAwaitingData = false;
   if (isClosing) return;
-  updateControls();
+  schedule_->loadData();
 }
 
 void MainWindowController::updateRinkContent() {
-  schedulePane_->updateRinkContent();
+  const auto info = currentRinkInfo_.lock();
+  const QString name = info ? QString::fromStdString(info->name) : QString();
+  window()->setWindowTitle(name.isEmpty() ? kApplicationName
+                                          : name + QStringLiteral(" — ") + kApplicationName);
+  if (onSchedule()) schedule_->updateRinkContent();
   updateControls();
 }
 
-void MainWindowController::updateControls() {
-  const auto info = currentRinkInfo_.lock();
-  const std::string name = info ? info->name : std::string();
-  titleRow_->setRinkName(name);
-  window()->setWindowTitle(name.empty()
-                               ? kApplicationName
-                               : QString::fromStdString(name) + QStringLiteral(" — ") + kApplicationName);
-  titleRow_->setControls(!currentRinkData_.expired(), schedulePane_->controls());
+// The user's commands.
+
+void MainWindowController::selectPane(MainWindowPane kind) {
+  if (kind == currentPaneKind_) return;
+  selectPaneKind(kind);
+  context_.application.markChanged();
+}
+
+void MainWindowController::prev() {
+  if (onSchedule()) schedule_->prev();
+}
+
+void MainWindowController::next() {
+  if (onSchedule()) schedule_->next();
+}
+
+void MainWindowController::gotoNow() {
+  if (onSchedule()) schedule_->gotoNow();
 }
 
 void MainWindowController::refreshNow() {
-  RefreshStatusView& status =
-      currentRinkData_.expired() ? rinkSidebar_->refreshStatus() : titleRow_->refreshStatus();
-  status.refreshNow();
+  if (const auto rink = currentRinkData()) {
+    rink->refreshNow();
+  } else {
+    context_.dataModel.refreshNow();
+  }
+}
+
+void MainWindowController::showRefreshRinkStatus(QWidget& button) {
+  if (const auto rink = currentRinkData()) popovers_.showPopover(rink, button);
+}
+
+void MainWindowController::showRefreshMainStatus(QWidget& button) {
+  popovers_.showPopover(unowned(context_.dataModel), button);
 }
 
 void MainWindowController::toggleShowRinks() {
-  showRinks_ = !showRinks_;
-  if (showRinks_) {
-    openRinkList();
-  } else {
-    closeRinkList();
+  sidebars_->showRinks = !sidebars_->showRinks;
+  sidebars_->updateRinks();
+  updateKeyViewLoop();
+  context_.application.markChanged();
+}
+
+void MainWindowController::toggleShowCalendar() {
+  if (onSchedule()) {
+    sidebars_->showCalendar = !sidebars_->showCalendar;
+    sidebars_->updateCalendar();
   }
   context_.application.markChanged();
 }
 
-// A window that has to grow to make room for the list shrinks back by just that when the list is closed; one
-// with room to spare keeps its size.
-void MainWindowController::closeRinkList() {
-  if (!rinksVisible_) return;
-  rinksVisible_ = false;
-  Rect frame = window()->frame();
-  frame.x -= std::exchange(showRinksDeltaX_, 0.0);
-  frame.width -= std::exchange(showRinksDeltaWidth_, 0.0);
-  showRinkList(Present::no);
-  applyWindowFrame(frame);
-  updateKeyViewLoop();
-}
-
-void MainWindowController::openRinkList() {
-  if (rinksVisible_) return;
-  rinksVisible_ = true;
-  const Rect before = window()->frame();
-  const Rect after = applyWindowFrame(before);
-  showRinksDeltaX_ = after.x - before.x;
-  showRinksDeltaWidth_ = after.width - before.width;
-  showRinkList(Present::yes);
-  updateKeyViewLoop();
-}
-
-void MainWindowController::showRinkList(Present present) {
-  const bool shown = present == Present::yes;
-  rinkSidebar_->setVisible(shown);
-  titleRow_->setShowRinks(showRinks_);
-  rinkSidebar_->rinkListView().enabled = shown;
-}
-
-void MainWindowController::updateKeyViewLoop() {
-  rinkSidebar_->rinkListView().enabled = showRinks_;
-  if (showRinks_) {
-    rinkSidebar_->rinkListView().setFocus();
-  } else if (QWidget* focused = window()->focusWidget()) {
-    focused->clearFocus();
-  }
-}
-
-Rect MainWindowController::applyWindowFrame(const Rect& frame) {
-  const Rect visible = window()->visibleFrame();
-  const WindowLimits limits = WindowLimits::of({showRinks_, kRinksSidebarDelta, false, 0.0});
-  // A screen too small for the limits has the last word; the toolkit would hold on to a least size against
-  // it.
-  window()->setFrameLimits(
-      {std::min(limits.minWidth, visible.width), std::min(WindowLimits::kMinHeight, visible.height)},
-      {WindowLimits::kMaxSize, WindowLimits::kMaxSize});
-  const Rect result = limits.apply(frame, visible);
-  window()->setFrame(result);
-  return result;
-}
+// The window.
 
 MainWindowSettings MainWindowController::currentSettings() const {
   MainWindowSettings settings = settings_;
   const auto info = currentRinkInfo_.lock();
   settings.rinkID = info ? info->rinkID : 0;
-  settings.showRinks = showRinks_;
-  schedulePane_->addToSettings(settings);
+  settings.currentPaneKind = currentPaneKind_;
+  settings.showRinks = sidebars_->showRinks;
+  settings.showCalendar = sidebars_->showCalendar;
+  schedule_->addToSettings(settings);
   return settings;
 }
 
@@ -240,28 +205,31 @@ void MainWindowController::restoreSettings(const PropertyList::Dictionary& dicti
   settings_ = currentSettings();
   settings_.rinkID = 0;  // the one setting of which a missing key says something
   settings_.readFrom(dictionary);
-  schedulePane_->restoreSettings(settings_);
+  schedule_->restoreSettings(settings_);
+  selectPaneKind(settings_.currentPaneKind);
   const auto rink = settings_.rinkID != 0 ? context_.dataModel.rinkInfo(settings_.rinkID) : nullptr;
   if (rink) rinkSidebar_->rinkListView().selectRink(rink);
   // A window without a rink always shows the list.
-  showRinks_ = !rink || settings_.showRinks;
-  if (showRinks_) {
-    openRinkList();
-  } else {
-    closeRinkList();
-  }
+  sidebars_->showRinks = !rink || settings_.showRinks;
+  sidebars_->updateRinks();
+  sidebars_->showCalendar = settings_.showCalendar;
+  sidebars_->updateCalendar();
+  schedule_->resetCalendar();
   updateControls();
-  applyWindowFrame(window()->frame());
+  sidebars_->applyWindowFrame(window()->frame());
   updateKeyViewLoop();
+  titleRow_->layoutTitleBar();
 }
 
 void MainWindowController::defaultSettings() {
-  schedulePane_->restoreSettings(settings_);
+  selectPaneKind(currentPaneKind_);
+  schedule_->resetCalendar();
   updateControls();
   Rect frame = window()->frame();
   frame.height = WindowLimits::kMaxSize;
-  applyWindowFrame(frame);
+  sidebars_->applyWindowFrame(frame);
   updateKeyViewLoop();
+  titleRow_->layoutTitleBar();
 }
 
 Rect MainWindowController::windowWillUseStandardFrame(const Rect&) {
@@ -284,8 +252,9 @@ void MainWindowController::windowWillClose() {
 
 void MainWindowController::closeParts() {
   observations_.clear();
-  titleRow_->refreshStatus().close();
-  schedulePane_->close();
+  popovers_.close();
+  schedule_->close();
+  for (WindowPane* pane : panes_) pane->close();
   rinkSidebar_->close();
 }
 

@@ -2,21 +2,25 @@
 #include <memory>
 #include <vector>
 
-#include "auxwindows/WindowContext.h"
-#include "mainwindow/MainWindowSettings.h"
+#include "auxwindows/RefreshPopoverOpener.h"
+#include "mainwindow/MainTitleRow.h"
 #include "mainwindow/RinkSidebar.h"
-#include "mainwindow/SchedulePane.h"
-#include "mainwindow/TitleRow.h"
+#include "mainwindow/ScheduleController.h"
+#include "mainwindow/WindowKeys.h"
+#include "mainwindow/WindowSidebars.h"
 #include "ui/DataLoadingWindowController.h"
 #include "ui/WindowSettingsProtocol.h"
 
+class QStackedLayout;
+
 namespace tarvel {
 
-/// Runs one main window: the rinks at the left, and the chosen rink's schedule with its controls. It chooses
-/// the rink, keeps the window's limits and settings, and passes the model's changes on to its parts. The
-/// application owns it.
+/// Runs one main window: the rinks at the left, the title row, and one of four panes on the chosen rink. It
+/// chooses the rink, switches the panes, keeps the window's settings, and passes the model's changes on to
+/// its parts, which do the work. The application owns it.
 class MainWindowController : public DataLoadingWindowController,
                              public WindowSettingsProtocol,
+                             public ScheduleHost,
                              Counted<MainWindowController> {
  public:
   using Counted<MainWindowController>::liveCount;
@@ -30,17 +34,28 @@ class MainWindowController : public DataLoadingWindowController,
 
   /// Selects that rink in this window; null for none.
   void chooseRink(const std::shared_ptr<RinkInfo>& rinkInfo);
+  std::shared_ptr<RinkInfo> currentRinkInfo() const { return currentRinkInfo_.lock(); }
   std::shared_ptr<RinkData> currentRinkData() const { return currentRinkData_.lock(); }
   /// Puts the window's choices of venues into the rink, which keeps them.
-  void storeChosenVenues() const { schedulePane_->storeChosenVenues(); }
+  void storeChosenVenues() const { schedule_->storeChosenVenues(); }
 
+  /// Switches the pane, and leaves it to the caller to say that this is to be saved.
+  void selectPaneKind(MainWindowPane kind);
+  MainWindowPane currentPaneKind() const { return currentPaneKind_; }
+
+  // The user's commands:
+  void selectPane(MainWindowPane kind);
   void toggleShowRinks();
-  bool showRinks() const { return showRinks_; }
-  void prev() { schedulePane_->goToPreviousPage(); }
-  void next() { schedulePane_->goToNextPage(); }
-  void gotoNow() { schedulePane_->gotoNow(); }
+  void toggleShowCalendar();
+  void prev();
+  void next();
+  void gotoNow();
   /// Refreshes the chosen rink, or the catalogue while none is chosen.
   void refreshNow();
+  void showRefreshRinkStatus(QWidget& button);
+  void showRefreshMainStatus(QWidget& button);
+  bool canPrint() const { return schedule_->canPrint(); }
+  void printWindow() { schedule_->print(); }
 
   PropertyList::Dictionary windowSettings() const override;
   void restoreSettings(const PropertyList::Dictionary& settings,
@@ -49,54 +64,64 @@ class MainWindowController : public DataLoadingWindowController,
   void defaultSettings() override;
 
   void loadData() override;
+  bool windowShouldClose() override { return !popovers_.isOpen(); }
   void windowWillClose() override;
+  void windowDidResize() override { titleRow_->layoutTitleBar(); }
   Rect windowWillUseStandardFrame(const Rect& defaultFrame) override;
   /// Zooming changes the height alone.
   bool windowShouldZoom(const Rect& newFrame) override;
 
+  // ScheduleHost:
+  void updateControls() override;
+  void requestDataPass() override { needsData(); }
+  bool wantsChime() const override { return schedule_->wantsChime(); }
+
   RinkSidebar& rinkSidebar() const { return *rinkSidebar_; }
-  SchedulePane& schedulePane() const { return *schedulePane_; }
-  TitleRow& titleRow() const { return *titleRow_; }
+  ScheduleController& schedule() const { return *schedule_; }
+  MainTitleRow& titleRow() const { return *titleRow_; }
+  const WindowSidebars& sidebars() const { return *sidebars_; }
+  const RefreshPopoverOpener& popovers() const { return popovers_; }
 
  private:
-  enum class Present { no, yes };
-
   explicit MainWindowController(const WindowContext& context);
   void makeViews();
   void connectControls();
-  void observeModel();
+  void addShortcuts();
   void addShortcut(const QKeySequence& keys, std::function<void()> action);
+  void observeModel();
 
   /// For handlers that concern the chosen rink alone.
   bool isCurrentRink(const Notification& notification) const;
-  void rinkInfoChanged(const Notification& notification);
+  bool isCurrentRinkID(const Notification& notification) const;
   void selectionChanged(const Notification& notification);
+  void refreshStatusChanged(const Notification& notification);
+  void refreshIfOld(RinkData& rink);
 
-  MainWindowSettings currentSettings() const;
-  void openRinkList();
-  void closeRinkList();
-  void showRinkList(Present present);
-  void updateKeyViewLoop();
+  WindowPane& pane(MainWindowPane kind) const { return *panes_[static_cast<std::size_t>(kind)]; }
+  bool onSchedule() const { return currentPaneKind_ == MainWindowPane::schedule; }
+  void tellPane(MainWindowPane kind, bool shown);
   void updateRinkContent();
-  void updateControls();
-  /// Enforces the window's limits and returns the frame that results.
-  Rect applyWindowFrame(const Rect& frame);
+  void updateTitleControls();
+  void updateRefreshIcon();
+  void updateKeyViewLoop();
+  MainWindowSettings currentSettings() const;
+  void openWithSettings();
   void closeParts();
 
   WindowContext context_;
   std::weak_ptr<RinkInfo> currentRinkInfo_;
   std::weak_ptr<RinkData> currentRinkData_;
-  MainWindowSettings
-      settings_;              ///< as they came; what the window's parts hold themselves is put in on saving
-  bool showRinks_ = true;     ///< the user wants the list
-  bool rinksVisible_ = true;  ///< the list is shown
-  /// How far the window grew and moved when the list was opened.
-  double showRinksDeltaX_ = 0.0;
-  double showRinksDeltaWidth_ = 0.0;
+  MainWindowPane currentPaneKind_ = MainWindowPane::info;
+  MainWindowSettings settings_;  ///< as they came; what the window's parts hold is put in on saving
+  RefreshPopoverOpener popovers_;
   // Children of the window:
   RinkSidebar* rinkSidebar_ = nullptr;
-  TitleRow* titleRow_ = nullptr;
-  SchedulePane* schedulePane_ = nullptr;
+  MainTitleRow* titleRow_ = nullptr;
+  QStackedLayout* containerView_ = nullptr;
+  std::vector<WindowPane*> panes_;  ///< by their kind
+  std::unique_ptr<ScheduleController> schedule_;
+  std::unique_ptr<WindowSidebars> sidebars_;
+  std::unique_ptr<WindowKeys> keys_;
   std::vector<Observation> observations_;
 };
 

@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "schedule/ScheduleMetrics.h"
-
 namespace tarvel {
 namespace {
 
@@ -15,10 +13,10 @@ constexpr const char* kOldFontSizeFit = "fontSizeFit";
 constexpr const char* kOldFontSizeScroll = "fontSizeScroll";
 constexpr std::int64_t kPaneCount = 4;
 
-template <class Member>
+template <class Member, class Record = MainWindowSettings>
 struct Key {
   const char* name;
-  Member MainWindowSettings::*member;
+  Member Record::*member;
 };
 
 constexpr std::array<Key<bool>, 4> kBooleans{{
@@ -33,27 +31,16 @@ constexpr std::array<Key<double>, 2> kPhotoHeights{{
     {"albumViewPhotoHeight", &MainWindowSettings::albumViewPhotoHeight},
 }};
 
-constexpr std::array<Key<std::optional<double>>, 6> kFontSizes{{
-    {"weeklyFontSizeFit", &MainWindowSettings::weeklyFontSizeFit},
-    {"weeklyFontSizeScroll", &MainWindowSettings::weeklyFontSizeScroll},
-    {"dailyFontSizeSingleFit", &MainWindowSettings::dailyFontSizeSingleFit},
-    {"dailyFontSizeSingleScroll", &MainWindowSettings::dailyFontSizeSingleScroll},
-    {"dailyFontSizeMultiFit", &MainWindowSettings::dailyFontSizeMultiFit},
-    {"dailyFontSizeMultiScroll", &MainWindowSettings::dailyFontSizeMultiScroll},
+constexpr std::array<Key<std::optional<double>, ScheduleFontSizes>, 6> kFontSizes{{
+    {"weeklyFontSizeFit", &ScheduleFontSizes::weeklyFontSizeFit},
+    {"weeklyFontSizeScroll", &ScheduleFontSizes::weeklyFontSizeScroll},
+    {"dailyFontSizeSingleFit", &ScheduleFontSizes::dailyFontSizeSingleFit},
+    {"dailyFontSizeSingleScroll", &ScheduleFontSizes::dailyFontSizeSingleScroll},
+    {"dailyFontSizeMultiFit", &ScheduleFontSizes::dailyFontSizeMultiFit},
+    {"dailyFontSizeMultiScroll", &ScheduleFontSizes::dailyFontSizeMultiScroll},
 }};
 
 }  // namespace
-
-double MainWindowSettings::weeklyFontSize() const {
-  using Sizes = std::array<std::optional<double>, 4>;
-  const Sizes fitting{weeklyFontSizeFit, weeklyFontSizeScroll, dailyFontSizeMultiFit, dailyFontSizeSingleFit};
-  const Sizes scrolling{weeklyFontSizeScroll, weeklyFontSizeFit, dailyFontSizeMultiScroll,
-                        dailyFontSizeSingleScroll};
-  for (const auto& size : fitVertically ? fitting : scrolling) {
-    if (size) return *size;
-  }
-  return kDefaultItemFontSize;
-}
 
 PropertyList::Dictionary MainWindowSettings::dictionary() const {
   PropertyList::Dictionary result;
@@ -63,7 +50,7 @@ PropertyList::Dictionary MainWindowSettings::dictionary() const {
   for (const auto& key : kBooleans) result[key.name] = this->*key.member;
   for (const auto& key : kPhotoHeights) result[key.name] = this->*key.member;
   for (const auto& key : kFontSizes) {
-    if (const auto size = this->*key.member) result[key.name] = *size;
+    if (const auto size = fontSizes.*key.member) result[key.name] = *size;
   }
   return result;
 }
@@ -78,8 +65,8 @@ void MainWindowSettings::readFrom(const PropertyList::Dictionary& dictionary) {
     scheduleViewOption = static_cast<ScheduleViewOption>(*option);
   }
   // The older keys first, so that the present ones win.
-  if (const auto size = realAt(dictionary, kOldFontSizeFit)) weeklyFontSizeFit = *size;
-  if (const auto size = realAt(dictionary, kOldFontSizeScroll)) weeklyFontSizeScroll = *size;
+  if (const auto size = realAt(dictionary, kOldFontSizeFit)) fontSizes.weeklyFontSizeFit = *size;
+  if (const auto size = realAt(dictionary, kOldFontSizeScroll)) fontSizes.weeklyFontSizeScroll = *size;
   for (const auto& key : kBooleans) {
     if (const auto value = booleanAt(dictionary, key.name)) this->*key.member = *value;
   }
@@ -87,7 +74,7 @@ void MainWindowSettings::readFrom(const PropertyList::Dictionary& dictionary) {
     if (const auto value = realAt(dictionary, key.name)) this->*key.member = *value;
   }
   for (const auto& key : kFontSizes) {
-    if (const auto value = realAt(dictionary, key.name)) this->*key.member = *value;
+    if (const auto value = realAt(dictionary, key.name)) fontSizes.*key.member = *value;
   }
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 #include <cstdint>
-#include <optional>
 
 #include "mainwindow/MainWindowPane.h"
+#include "mainwindow/ScheduleFontSizes.h"
 #include "platform/PropertyList.h"
 #include "schedule/ScheduleViewOption.h"
 
@@ -20,17 +20,7 @@ struct MainWindowSettings {
   double albumViewPhotoHeight = 200.0;
   bool showRinks = true;
   bool showCalendar = true;
-  /// The font sizes that the user has set, one for each form of the schedule.
-  std::optional<double> weeklyFontSizeFit;
-  std::optional<double> weeklyFontSizeScroll;
-  std::optional<double> dailyFontSizeSingleFit;
-  std::optional<double> dailyFontSizeSingleScroll;
-  std::optional<double> dailyFontSizeMultiFit;
-  std::optional<double> dailyFontSizeMultiScroll;
-
-  /// The weekly view's size for the present fit: the one set for it, else the one set for the form that is
-  /// most like it, else the application's default.
-  double weeklyFontSize() const;
+  ScheduleFontSizes fontSizes;
 
   PropertyList::Dictionary dictionary() const;
   /// A key that is missing or of another type leaves its member as it is.

@@ -7,7 +7,7 @@
 
 namespace tarvel {
 
-/// How current a thing is, in a short line, beside a button that refreshes it now.
+/// How current a thing is, in a short line, beside a button that tells more.
 class RefreshStatusView : public QWidget {
   Q_OBJECT
  public:
@@ -19,8 +19,8 @@ class RefreshStatusView : public QWidget {
   RefreshStatusView(const Services& services, Arrangement arrangement, QWidget* parent = nullptr);
   /// See `RefreshWatch::watch`.
   void watch(const void* poster, RefreshWatch::Thing thing) { watch_.watch(poster, std::move(thing)); }
-  /// The button's action; nothing without a thing.
-  void refreshNow();
+  /// The button's action: to show more of how the thing stands; may be empty.
+  std::function<void(QWidget& button)> clicked;
   /// Stops observing; final. Not the toolkit's operation of this name.
   void close() { watch_.stop(); }
 

@@ -1,15 +1,14 @@
 #include "mainwindow/RefreshTexts.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
+
+#include "auxwindows/DurationTexts.h"
 
 namespace tarvel {
 namespace {
 
 constexpr double kSecondsPerMinute = 60.0;
-constexpr std::int64_t kMinutesPerHour = 60;
 
 /// `lead` and the wait for the next refresh; empty if none is waiting.
 std::string nextTryText(const RefreshableProtocol& thing, const std::string& lead) {
@@ -18,18 +17,6 @@ std::string nextTryText(const RefreshableProtocol& thing, const std::string& lea
 }
 
 }  // namespace
-
-std::string coarseDurationText(double seconds) {
-  if (seconds <= kSecondsPerMinute) {
-    return fmt::format("{} sec", static_cast<std::int64_t>(std::floor(seconds)));
-  }
-  const auto minutes = static_cast<std::int64_t>(std::llround(seconds / kSecondsPerMinute));
-  const std::int64_t hours = minutes / kMinutesPerHour;
-  const std::int64_t rest = minutes % kMinutesPerHour;
-  if (hours == 0) return rest == 1 ? "1 minute" : fmt::format("{} minutes", rest);
-  if (rest != 0) return fmt::format("{} hr {} min", hours, rest);
-  return hours == 1 ? "1 hour" : fmt::format("{} hours", hours);
-}
 
 std::string refreshStatusText(const RefreshableProtocol& thing, Instant now) {
   if (thing.refreshInProgress()) return "Refreshing…";

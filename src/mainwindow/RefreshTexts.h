@@ -5,9 +5,6 @@
 
 namespace tarvel {
 
-/// Seconds in words: "45 sec", "5 minutes", "1 hr 5 min", "2 hours".
-std::string coarseDurationText(double seconds);
-
 /// How current a thing is, in a short line: "Updated 5 minutes ago", "Refreshing…", "Unable to contact server
 /// — next try in 9 minutes". `now` is the wall clock's.
 std::string refreshStatusText(const RefreshableProtocol& thing, Instant now);

@@ -3,31 +3,53 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "foundation/TextFormats.h"
 #include "schedule/DevicePixels.h"
+#include "schedule/ScheduleItemText.h"
 
 namespace tarvel {
 namespace {
 
 constexpr double kScreenTimeFontSize = 8.0;
+constexpr double kPrintedTimeFontSize = 5.0;
 // The texts' colours are fixed, whatever the appearance: they stand on the sessions' own colours.
 constexpr Appearance kAnyAppearance = Appearance::light;
 
-void paintTimes(QPainter& painter, const ScheduleItem& item, const Rect& rect, const ItemStyles& styles) {
-  const AttributedText times(timeText(item.time) + " - " + timeText(item.time + item.duration), styles.time);
-  const Rect band{rect.x, rect.maxY() - styles.timeBand, rect.width, styles.timeBand};
-  draw(painter, band, times, TextFit::wrapAndTruncate, kAnyAppearance);
+ItemStyles stylesOf(double fontSize) {
+  ItemStyles styles;
+  styles.name = {fontSize, FontWeight::regular, kBlack, kCentredStyle};
+  styles.resurface = {fontSize * kResurfaceFontScale, FontWeight::regular, kResurfaceTextColor,
+                      kCentredStyle};
+  return styles;
 }
 
-void paintName(QPainter& painter, const ScheduleItem& item, const Rect& rect, double height,
-               const TextAttributes& attributes, double fontSize) {
-  const AttributedText name(item.displayName("\n"), attributes);
-  const double width = rect.width - 2 * kItemTextInset;
-  if (width <= 0.0) return;
-  const Size size = boundingRect(name, {width, height}, TextFit::wrapAndTruncate);
-  const double y = rect.y + (height - size.height) / 2 - fontSize * kItemTextLift;
-  draw(painter, {rect.x + kItemTextInset, y, width, size.height}, name, TextFit::wrapAndTruncate,
-       kAnyAppearance);
+}  // namespace
+
+ItemStyles ItemStyles::onScreen(double fontSize) {
+  ItemStyles styles = stylesOf(fontSize);
+  styles.time = {kScreenTimeFontSize, FontWeight::regular, kItemTimeColor, kCentredStyle};
+  return styles;
+}
+
+ItemStyles ItemStyles::onPage(double fontSize) {
+  ItemStyles styles = stylesOf(fontSize);
+  styles.time = {kPrintedTimeFontSize, FontWeight::regular, kBlack, kCentredStyle};
+  styles.timeBand = kPrintedTimeBand;
+  return styles;
+}
+
+ItemClip::ItemClip(QPainter& painter, const Rect& rect) : painter_(painter) {
+  painter_.save();
+  painter_.setClipRect(QRectF(rect.x, rect.y, rect.width, rect.height), Qt::IntersectClip);
+}
+
+ItemClip::~ItemClip() {
+  painter_.restore();
+}
+
+void paintItemBlock(QPainter& painter, const Rect& rect, const Color& sessionColor, const Color& frameColor) {
+  const DevicePixels pixels(painter);
+  pixels.fill(rect, toQColor(sessionColor));
+  pixels.frame(rect, 1.0, toQColor(frameColor));
 }
 
 void paintNoteCorner(QPainter& painter, const Rect& rect) {
@@ -42,29 +64,27 @@ void paintNoteCorner(QPainter& painter, const Rect& rect) {
   painter.restore();
 }
 
-}  // namespace
-
-ItemStyles ItemStyles::onScreen(double fontSize) {
-  ItemStyles styles;
-  styles.name = {fontSize, FontWeight::regular, kBlack, kCentredStyle};
-  styles.resurface = {fontSize * kResurfaceFontScale, FontWeight::regular, kResurfaceTextColor,
-                      kCentredStyle};
-  styles.time = {kScreenTimeFontSize, FontWeight::regular, kItemTimeColor, kCentredStyle};
-  return styles;
+void paintItemText(QPainter& painter, const Rect& rect, const AttributedText& text, double lift) {
+  if (rect.empty()) return;
+  const Size size = boundingRect(text, {rect.width, rect.height}, TextFit::wrapAndTruncate);
+  const double y = rect.y + (rect.height - size.height) / 2 - lift;
+  draw(painter, {rect.x, y, rect.width, size.height}, text, TextFit::wrapAndTruncate, kAnyAppearance);
 }
 
 void paintItem(QPainter& painter, const ScheduleItem& item, const Rect& rect, const Color& sessionColor,
                const ItemStyles& styles, SessionTimes sessionTimes) {
-  const bool isResurface = item.kind == SessionKind::resurface;
-  const DevicePixels pixels(painter);
-  pixels.fill(rect, toQColor(sessionColor));
-  pixels.frame(rect, 1.0, toQColor(itemFrameColor(item.kind)));
+  paintItemBlock(painter, rect, sessionColor, itemFrameColor(item.kind));
+  const ItemClip clip(painter, rect);
   double height = rect.height;
-  if (!isResurface && sessionTimes == SessionTimes::shown) {
-    paintTimes(painter, item, rect, styles);
-    height = rect.height - styles.timeBand + kTimeBandOverlap;
+  if (item.kind != SessionKind::resurface && sessionTimes == SessionTimes::shown) {
+    const Rect band{rect.x, rect.maxY() - styles.timeBand, rect.width, styles.timeBand};
+    draw(painter, band, AttributedText(itemTimesText(item), styles.time), TextFit::wrapAndTruncate,
+         kAnyAppearance);
+    height -= styles.timeBand - kTimeBandOverlap;
   }
-  paintName(painter, item, rect, height, isResurface ? styles.resurface : styles.name, styles.name.fontSize);
+  const Rect nameRect{rect.x + kItemTextInset, rect.y, rect.width - 2 * kItemTextInset, height};
+  paintItemText(painter, nameRect, AttributedText(item.displayName("\n"), styles.nameOf(item)),
+                styles.name.fontSize * kItemTextLift);
   if (!item.note.empty()) paintNoteCorner(painter, rect);
 }
 

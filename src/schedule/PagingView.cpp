@@ -238,6 +238,10 @@ bool PagingView::gesture(double amount) {
   return false;
 }
 
+bool PagingView::isTurning() const {
+  return amount_ != 0.0 || animation_->state() == QAbstractAnimation::Running;
+}
+
 void PagingView::endTurn() {
   pictures_->end();
   amount_ = 0.0;

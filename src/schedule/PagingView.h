@@ -63,7 +63,7 @@ class PagingView : public QWidget, private Counted<PagingView> {
   void glideTo(double target);
   /// Ends a glide at once, where it was going.
   void finishGlide();
-  bool isTurning() const { return amount_ != 0.0; }
+  bool isTurning() const;
   /// Where the pages stand now.
   const PagePlaces& places() const { return places_; }
 

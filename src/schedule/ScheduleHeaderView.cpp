@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include "schedule/ScheduleContents.h"
+#include "schedule/WeeklyLayout.h"
 #include "ui/AttributedText.h"
 
 namespace tarvel {
@@ -21,7 +23,7 @@ ScheduleHeaderView::ScheduleHeaderView(const WindowContext& context, ScheduleVie
                                        QWidget* parent)
     : QWidget(parent), owner_(&owner) {
   setFixedHeight(kHeight);
-  setAccessibleName(QStringLiteral("Days of the week"));
+  describe();
   NotificationCenter& center = context.services.notifications;
   ObserverCensus& census = context.observerCensus;
   observations_.push_back(center.observe(kCurrentDateChanged, [this](const Notification&) { update(); }));
@@ -43,7 +45,13 @@ void ScheduleHeaderView::setDate(PackedDate date) {
 void ScheduleHeaderView::setScheduleViewOption(ScheduleViewOption option) {
   if (option == scheduleViewOption_) return;
   scheduleViewOption_ = option;
+  describe();
   update();
+}
+
+void ScheduleHeaderView::describe() {
+  const bool isWeekly = scheduleViewOption_ == ScheduleViewOption::weekly;
+  setAccessibleName(isWeekly ? QStringLiteral("Days of the week") : QStringLiteral("Venues"));
 }
 
 std::string ScheduleHeaderView::columnTitle(PackedDate date, PackedDate today) {
@@ -51,23 +59,37 @@ std::string ScheduleHeaderView::columnTitle(PackedDate date, PackedDate today) {
   return fmt::format("{} {}/{}", shortWeekdayName(weekdayOf(date)), monthOf(date), dayOf(date));
 }
 
+std::vector<std::string> ScheduleHeaderView::columnTitles() const {
+  std::vector<std::string> titles;
+  if (date_ == kNoDate || !owner_) return titles;
+  const auto rink = owner_->currentRinkData();
+  if (scheduleViewOption_ == ScheduleViewOption::daily) {
+    for (const auto& venue : venuesOf(rink.get(), owner_->dailyVenueIDs())) {
+      titles.push_back(venue->displayName());
+    }
+    return titles;
+  }
+  const PackedDate today = rink ? rink->dateNow() : kNoDate;
+  PackedDate date = date_;
+  for (int column = 0; column < WeeklyLayout::kDays; ++column, date = nextDay(date)) {
+    titles.push_back(columnTitle(date, today));
+  }
+  return titles;
+}
+
 void ScheduleHeaderView::paintEvent(QPaintEvent*) {
   if (date_ == kNoDate || !owner_) return;
   const ColumnGeometry geometry = owner_->columnGeometry();
-  if (geometry.width == 0.0) return;
+  if (geometry.width <= 0.0) return;
   QPainter painter(this);
-  if (scheduleViewOption_ == ScheduleViewOption::weekly) paintDays(painter, geometry);
-}
-
-void ScheduleHeaderView::paintDays(QPainter& painter, const ColumnGeometry& geometry) const {
-  const auto rink = owner_->currentRinkData();
-  const PackedDate today = rink ? rink->dateNow() : kNoDate;
-  const TextAttributes& attributes = geometry.width < kNarrowBelow ? kNarrowAttributes : kAttributes;
-  PackedDate date = date_;
-  for (int column = 0; column < WeeklyLayout::kDays; ++column, date = nextDay(date)) {
-    const Rect rect{geometry.x + column * geometry.width, kTextTop, geometry.width, kTextHeight};
-    draw(painter, rect, AttributedText(columnTitle(date, today), attributes), TextFit::wrap,
-         appearanceOf(this));
+  const bool isWeekly = scheduleViewOption_ == ScheduleViewOption::weekly;
+  const TextAttributes& attributes =
+      isWeekly && geometry.width < kNarrowBelow ? kNarrowAttributes : kAttributes;
+  Rect rect{geometry.x, kTextTop, geometry.width, kTextHeight};
+  for (const std::string& title : columnTitles()) {
+    const ItemClip clip(painter, rect);
+    draw(painter, rect, AttributedText(title, attributes), TextFit::wrapAndTruncate, appearanceOf(this));
+    rect.x += geometry.width;
   }
 }
 

@@ -7,8 +7,8 @@
 
 namespace tarvel {
 
-/// The names of the columns, above the schedule's pages; it stays put while pages turn. Made by the owner of
-/// the schedule, which tells it what to show.
+/// The names of the columns, days or venues, above the schedule's pages; it stays put while pages turn. Made
+/// by the owner of the schedule, which tells it what to show.
 class ScheduleHeaderView : public QWidget, Counted<ScheduleHeaderView> {
   Q_OBJECT
  public:
@@ -22,16 +22,19 @@ class ScheduleHeaderView : public QWidget, Counted<ScheduleHeaderView> {
   /// Of the first column; with no date nothing is drawn.
   void setDate(PackedDate date);
   void setScheduleViewOption(ScheduleViewOption option);
+  ScheduleViewOption scheduleViewOption() const { return scheduleViewOption_; }
   PackedDate date() const { return date_; }
 
   /// "Today", or "Sun 3/14".
   static std::string columnTitle(PackedDate date, PackedDate today);
+  /// What stands above the columns, from the left: seven days or the names of the chosen venues.
+  std::vector<std::string> columnTitles() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void paintDays(QPainter& painter, const ColumnGeometry& geometry) const;
+  void describe();
 
   ScheduleViewOwner* owner_;
   ScheduleViewOption scheduleViewOption_ = ScheduleViewOption::weekly;

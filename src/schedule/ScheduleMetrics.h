@@ -8,8 +8,9 @@ namespace tarvel {
 
 // Measures that all schedule views share, in logical pixels, y downwards, and in minutes after midnight.
 
-/// Where the axis begins, below the top of every schedule view whatever its margins are.
+/// Where the axis begins, below the top of a week whatever its margins are, and of a day.
 inline constexpr double kAxisOrigin = 12.0;
+inline constexpr double kDailyAxisOrigin = 15.0;
 inline constexpr double kScheduleMargin = 12.0;
 inline constexpr double kPrintedScheduleMargin = 5.0;
 /// Of a schedule that scrolls.
@@ -37,12 +38,16 @@ inline constexpr double kPrintedTimeBand = 8.0;
 inline constexpr double kTimeBandOverlap = 1.5;
 
 inline constexpr double kDefaultItemFontSize = 9.0;
+inline constexpr double kPrintedItemFontSize = 7.0;
 /// The text of a resurfacing, as a part of the font size of the sessions.
 inline constexpr double kResurfaceFontScale = 0.75;
 
 inline constexpr double kTimeMarkerWidth = 13.0;
 inline constexpr double kTimeMarkerHeight = 18.0;
 inline constexpr double kTimeMarkerLine = 5.0;
+
+/// An item's frame lies astride its edge; so much of it is outside.
+inline constexpr double kItemFrameReach = 1.0;
 
 inline constexpr Color kBlack = white(0.0);
 inline constexpr Color kItemFrameColor = white(0.3);

@@ -1,11 +1,12 @@
 #pragma once
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "foundation/CalendarDates.h"
 #include "schedule/ItemPainter.h"
+#include "schedule/ScheduleGrid.h"
 #include "schedule/ScheduleViewOption.h"
-#include "schedule/WeeklyLayout.h"
 
 namespace tarvel {
 
@@ -26,13 +27,15 @@ class ScheduleViewOwner {
 
   // Settings:
   virtual VerticalFit fitVertically() const = 0;
-  /// Of the weekly view's item names.
-  virtual double weeklyFontSize() const = 0;
+  /// Of item names, in the form of the schedule that is shown.
+  virtual double fontSize() const = 0;
   virtual SessionTimes showSessionTimes() const = 0;
   virtual ScheduleViewOption scheduleViewOption() const = 0;
 
   // What is shown:
   virtual std::shared_ptr<RinkData> currentRinkData() const = 0;
+  /// The venues chosen for the daily view, in the order of choosing; some may be gone from the rink.
+  virtual const std::vector<std::int64_t>& dailyVenueIDs() const = 0;
   /// True for the page that is in view.
   virtual bool isCurrentPage(const PagedView& page) const = 0;
   virtual ColumnGeometry columnGeometry() const = 0;

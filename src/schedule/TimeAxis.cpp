@@ -5,11 +5,11 @@
 namespace tarvel {
 
 double TimeAxis::y(std::int64_t minute) const {
-  return length(minute - startOfDay) + kAxisOrigin;
+  return length(minute - startOfDay) + origin;
 }
 
 std::int64_t TimeAxis::minuteAt(double height) const {
-  return startOfDay + static_cast<std::int64_t>((height - kAxisOrigin) / pointsPerMinute);
+  return startOfDay + static_cast<std::int64_t>((height - origin) / pointsPerMinute);
 }
 
 std::vector<AxisTick> TimeAxis::ticks(std::int64_t step) const {

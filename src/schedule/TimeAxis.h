@@ -20,6 +20,7 @@ struct TimeAxis {
   std::int64_t startOfDay = kDefaultStartOfDay;
   std::int64_t endOfDay = kDefaultEndOfDay;
   double pointsPerMinute = 0.0;
+  double origin = kAxisOrigin;  ///< where the first minute lies
 
   double y(std::int64_t minute) const;
   double length(std::int64_t minutes) const { return pointsPerMinute * static_cast<double>(minutes); }

@@ -1,25 +1,15 @@
 #pragma once
-#include <memory>
 #include <optional>
 #include <vector>
 
 #include "foundation/CalendarDates.h"
-#include "platform/Geometry.h"
-#include "schedule/ScheduleSpot.h"
-#include "schedule/TimeAxis.h"
+#include "schedule/ScheduleGrid.h"
 
 namespace tarvel {
 
-enum class VerticalFit { scroll, fit };
-enum class Medium { screen, page };
-
 /// What a week's layout depends on.
 struct WeeklyLayoutInput {
-  Size frame;
-  VerticalFit verticalFit = VerticalFit::fit;
-  Medium medium = Medium::screen;
-  std::int64_t startOfDay = kDefaultStartOfDay;
-  std::int64_t endOfDay = kDefaultEndOfDay;
+  SchedulePageInput page;
   PackedDate weekOf = kNoDate;
 };
 
@@ -41,27 +31,22 @@ class WeeklyLayout {
   WeeklyLayout() = default;
   explicit WeeklyLayout(const WeeklyLayoutInput& input);
 
-  const TimeAxis& axis() const { return axis_; }
-  double pointsPerMinute() const { return axis_.pointsPerMinute; }
-  bool reducedWidth() const { return reducedWidth_; }
-  double labelColumnWidth() const { return labelColumnWidth_; }
-  double columnWidth() const { return columnWidth_; }
-  double margin() const;
-  /// Of column `day`, 0 for Sunday; 7 gives the right end of the last one.
-  double columnX(std::int64_t day) const;
+  const ScheduleGrid& grid() const { return grid_; }
+  Medium medium() const { return input_.page.medium; }
+  double pointsPerMinute() const { return grid_.axis.pointsPerMinute; }
+  double labelColumnWidth() const { return grid_.left; }
+  double columnWidth() const { return grid_.columnWidth; }
 
-  Rect itemRect(const ScheduleItem& item) const;
-  struct PlacedItem {
-    const ScheduleItem* item = nullptr;
-    Rect rect;
-  };
+  Rect itemRect(const ScheduleItem& item) const { return grid_.itemRect(item.day, item); }
   /// The items to be drawn for a dirty rectangle, in the list's order: where two overlap the later one is on
   /// top. Items of a day that no week has are left out.
   std::vector<PlacedItem> itemsMeeting(const ScheduleItems& items, const Rect& dirty) const;
 
+  AxisLabels labels() const;
   std::int64_t labelStep() const;
-  std::vector<AxisTick> ticks() const { return axis_.ticks(labelStep()); }
+  std::vector<AxisTick> ticks() const { return grid_.axis.ticks(labelStep()); }
 
+  // What the screen alone shows; none on a page.
   /// The columns before today; none if there are none.
   std::optional<Rect> pastRect(PackedDate currentDate) const;
   /// The line of today's frame runs along this rectangle; none outside the week.
@@ -71,29 +56,18 @@ class WeeklyLayout {
   /// None when the moment isn't on the axis of this week.
   std::optional<Rect> timeMarkerRect(PackedDate currentDate, std::int64_t currentTime) const;
 
-  struct Hit {
-    int day = 0;  ///< 0 for Sunday
-    std::int64_t minute = 0;
-  };
-  /// None outside the columns.
-  std::optional<Hit> hit(Point point) const;
-
   bool holds(PackedDate date) const;
 
-  /// How far down to scroll, so that the minute stands a quarter of the way down a visible height.
-  double scrollOffset(std::int64_t minute, double visibleHeight) const;
-
   /// The height that a week wants where `height` is to be had.
-  static double heightForAvailableHeight(double height, const WeeklyLayoutInput& input);
+  static double heightForAvailableHeight(double height, const SchedulePageInput& input);
 
  private:
+  bool onScreen() const { return medium() == Medium::screen; }
   Rect columnRect(std::int64_t day, double verticalInset) const;
 
   WeeklyLayoutInput input_;
-  TimeAxis axis_;
+  ScheduleGrid grid_;
   bool reducedWidth_ = false;
-  double labelColumnWidth_ = 0.0;
-  double columnWidth_ = 0.0;
 };
 
 }  // namespace tarvel

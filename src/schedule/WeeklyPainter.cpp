@@ -3,15 +3,13 @@
 #include <QPainter>
 
 #include "model/DataModel.h"
+#include "model/WeeklySchedule.h"
 #include "schedule/DevicePixels.h"
+#include "schedule/ScheduleGridPainter.h"
+#include "schedule/ScheduleMessage.h"
 
 namespace tarvel {
 namespace {
-
-constexpr double kMessageHeight = 24.0;
-const TextAttributes kLabelAttributes{10.0};
-const TextAttributes kReducedLabelAttributes{9.0};
-const TextAttributes kFailureAttributes{12.0, FontWeight::regular, kSecondaryLabel, kCentredStyle};
 
 void paintItems(QPainter& painter, const WeeklyPicture& picture, const Rect& dirty) {
   for (const auto& [item, rect] : picture.layout.itemsMeeting(picture.items, dirty)) {
@@ -20,35 +18,9 @@ void paintItems(QPainter& painter, const WeeklyPicture& picture, const Rect& dir
   }
 }
 
-void paintTick(QPainter& painter, const WeeklyPicture& picture, const AxisTick& tick) {
-  const WeeklyLayout& layout = picture.layout;
-  const DevicePixels pixels(painter);
-  const double left = layout.labelColumnWidth();
-  const double right = layout.columnX(WeeklyLayout::kDays);
-  pixels.horizontalLine(left, right, tick.y, toQColor(kFaintGridColor));
-  pixels.horizontalLine(left - kTickLength, left, tick.y, toQColor(kGridColor));
-  pixels.horizontalLine(right, right + kTickLength, tick.y, toQColor(kGridColor));
-  const AttributedText label(tick.text, layout.reducedWidth() ? kReducedLabelAttributes : kLabelAttributes);
-  const Size size = boundingRect(label, {}, TextFit::wrap);
-  draw(painter, {left - kTimeLabelGap - size.width, tick.y - size.height / 2, size.width, size.height}, label,
-       TextFit::wrap, picture.appearance);
-}
-
-void paintAxis(QPainter& painter, const WeeklyPicture& picture, const Rect& dirty) {
-  // A label reaches above and below its line by half its height, which is less than the axis' distance from
-  // the top.
-  const Rect reach = dirty.inset(0.0, -kAxisOrigin);
-  for (const AxisTick& tick : picture.layout.ticks()) {
-    if (tick.y >= reach.y && tick.y <= reach.maxY()) paintTick(painter, picture, tick);
-  }
-}
-
 void paintDays(QPainter& painter, const WeeklyPicture& picture) {
   const WeeklyLayout& layout = picture.layout;
   const DevicePixels pixels(painter);
-  for (int day = 0; day <= WeeklyLayout::kDays; ++day) {
-    pixels.verticalLine(layout.columnX(day), 0.0, picture.size.height, toQColor(kBlack));
-  }
   if (const auto past = layout.pastRect(picture.currentDate)) {
     pixels.fill(*past, color(kPastBlend, picture.appearance));
   }
@@ -64,20 +36,29 @@ void paintDays(QPainter& painter, const WeeklyPicture& picture) {
 }  // namespace
 
 void paintWeek(QPainter& painter, const WeeklyPicture& picture, const Rect& dirty) {
+  const WeeklyLayout& layout = picture.layout;
   paintItems(painter, picture, dirty);
-  paintAxis(painter, picture, dirty);
+  paintAxis(painter, {layout.grid(), layout.labelStep(), layout.labels(), picture.appearance}, dirty);
+  paintColumnLines(painter, layout.grid());
   paintDays(painter, picture);
 }
 
-void paintScheduleMessage(QPainter& painter, const std::string& message, Size size, Appearance appearance) {
-  draw(painter, {0.0, (size.height - kMessageHeight) / 2, size.width, kMessageHeight},
-       AttributedText(message, kMessageAttributes), TextFit::wrap, appearance);
-}
-
-void paintScheduleFailure(QPainter& painter, const std::string& message, Size size, Appearance appearance) {
-  const AttributedText text(message, kFailureAttributes);
-  const double height = boundingRect(text, size, TextFit::wrap).height;
-  draw(painter, {0.0, (size.height - height) / 2, size.width, height}, text, TextFit::wrap, appearance);
+void paintWeekOrMessage(QPainter& painter, const RinkData* rink, const WeeklySchedule* schedule,
+                        const WeeklyPicture& picture, const Rect& dirty) {
+  const Size size = picture.layout.grid().frame;
+  if (!rink) return paintScheduleMessage(painter, kNoRinkSelected, size, picture.appearance);
+  if (!schedule) return;
+  const DownloadStatus& status = schedule->downloadStatus();
+  switch (status.kind) {
+    case DownloadStatus::Kind::idle:
+      return paintWeek(painter, picture, dirty);
+    case DownloadStatus::Kind::requested:
+      return paintScheduleMessage(painter, "Download in progress...", size, picture.appearance);
+    case DownloadStatus::Kind::invalidData:
+      return paintScheduleMessage(painter, "Invalid Data Received", size, picture.appearance);
+    case DownloadStatus::Kind::failed:
+      return paintScheduleFailure(painter, "Download Failed\n" + status.text, size, picture.appearance);
+  }
 }
 
 }  // namespace tarvel

@@ -1,14 +1,14 @@
 #pragma once
-#include <string>
-
 #include "schedule/ItemPainter.h"
 #include "schedule/WeeklyLayout.h"
+#include "ui/Appearance.h"
 
 namespace tarvel {
 
 class DataModel;
+class RinkData;
 
-/// All that a week's picture shows.
+/// All that a week's picture shows, on screen or on a page.
 struct WeeklyPicture {
   const WeeklyLayout& layout;
   const ScheduleItems& items;
@@ -18,17 +18,15 @@ struct WeeklyPicture {
   PackedDate currentDate = kNoDate;
   PackedDate selectedDate = kNoDate;
   bool isMainWindow = false;
-  Size size;
   Appearance appearance = Appearance::light;
 };
 
 /// Paints the items, the axis, the columns, and then, over them, what is past, today and the selection, as
 /// far as the dirty rectangle reaches. The background is the caller's.
 void paintWeek(QPainter& painter, const WeeklyPicture& picture, const Rect& dirty);
-
-/// A line in the middle of the view, in place of a week.
-void paintScheduleMessage(QPainter& painter, const std::string& message, Size size, Appearance appearance);
-/// Several lines that say what failed, in the middle of the view.
-void paintScheduleFailure(QPainter& painter, const std::string& message, Size size, Appearance appearance);
+/// The same, or the message in place of a week that can't be shown. A rink that
+/// doesn't offer the week leaves the background alone.
+void paintWeekOrMessage(QPainter& painter, const RinkData* rink, const WeeklySchedule* schedule,
+                        const WeeklyPicture& picture, const Rect& dirty);
 
 }  // namespace tarvel

@@ -1,57 +1,14 @@
-#include "mainwindow/MainWindowController.h"
-
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QTest>
 
-#include "schedule/ScheduleWorld.h"
+#include "MainWindowFixture.h"
 
 namespace tarvel {
 namespace {
 
 using test::ScheduleWorld;
-
-class MainWindowControllerTest : public testing::Test {
- protected:
-  ~MainWindowControllerTest() override {
-    if (!controller->isClosing) controller->window()->close();
-  }
-
-  /// Rinks 1 and 2 in use; rink 1 has two venues.
-  void addRinks() {
-    world.addRink(1, "North");
-    world.addRink(2, "South");
-    rink = world.openRink(1, {ScheduleWorld::venue(4, "Far", 2), ScheduleWorld::venue(7, "Near", 1)});
-    world.openRink(2, {ScheduleWorld::venue(1, "Only", 1)});
-    settle();
-  }
-  void open() {
-    controller->defaultSettings();
-    controller->showWindow();
-    settle();
-  }
-  void choose(std::int64_t rinkID) {
-    controller->rinkSidebar().rinkListView().selectRink(world.dataModel.rinkInfo(rinkID));
-    settle();
-  }
-  void settle() {
-    world.runUntilIdle();
-    QApplication::processEvents();
-  }
-  /// Time passes for the rinks as their clock ticks.
-  void pass(double seconds) {
-    world.sim.world.runFor(seconds);
-    for (const auto& each : world.dataModel.recentRinks) each->updateTimeWithNow(world.sim.pretendTime.now());
-    settle();
-  }
-  const WeeklyScheduleView& week() { return controller->schedulePane().weeklyView(); }
-  QString description() { return controller->titleRow().descriptionText(); }
-
-  ScheduleWorld world;
-  std::shared_ptr<RinkData> rink;
-  std::unique_ptr<MainWindowController> controller = MainWindowController::create(world.context);
-};
+using MainWindowControllerTest = test::MainWindowFixture;
 
 TEST_F(MainWindowControllerTest, aFirstStartTellsWhatGoesOnAndThenShowsAllRinks) {
   world.dataModel.refreshState.errorKind = DownloadErrorKind::connectionError;
@@ -61,6 +18,9 @@ TEST_F(MainWindowControllerTest, aFirstStartTellsWhatGoesOnAndThenShowsAllRinks)
   EXPECT_EQ(sidebar.emptyListMessage(),
             "Unable to contact server\nhttp://rinks.test\n\nNext try in 9 minutes");
   QTest::mouseClick(&sidebar.refreshStatus().button(), Qt::LeftButton);
+  ASSERT_NE(controller->popovers().controller(), nullptr);
+  EXPECT_FALSE(controller->windowShouldClose()) << "a popover is open";
+  controller->popovers().controller()->refreshNowButton().click();
   EXPECT_EQ(world.refresher.refreshes, 1);
   pass(2.0);
   for (int id = 1; id <= 30; ++id) world.addRink(id, "Rink");
@@ -95,15 +55,16 @@ TEST_F(MainWindowControllerTest, weeksAreTurnedWithinTheRinksOffer) {
       {Qt::Key_Right, "Week of 3/29/26"}, {Qt::Key_Right, "Week of 3/29/26"}};
   for (const auto& [key, text] : steps) {
     QTest::keyClick(controller->window(), key);
+    endGlide();
     EXPECT_EQ(description(), text);
     EXPECT_FALSE(week().isAwaitingData) << "a page that was turned to is drawn at once";
   }
   controller->gotoNow();
-  EXPECT_EQ(controller->schedulePane().displayDate(), packedDate(2026, 3, 18));
+  EXPECT_EQ(controller->schedule().displayDate(), packedDate(2026, 3, 18));
   rink->lastWeek = packedDate(2026, 3, 8);
   rink->postNotification(kDateRangeChanged);
   settle();
-  EXPECT_EQ(controller->schedulePane().displayDate(), packedDate(2026, 3, 14));
+  EXPECT_EQ(controller->schedule().displayDate(), packedDate(2026, 3, 14));
 }
 
 TEST_F(MainWindowControllerTest, theWeekInViewFollowsTheClockAndAnotherStays) {
@@ -115,6 +76,7 @@ TEST_F(MainWindowControllerTest, theWeekInViewFollowsTheClockAndAnotherStays) {
   pass(0.2 * 3600.0);
   EXPECT_EQ(description(), "Week of 3/22/26");
   controller->prev();
+  endGlide();
   pass(7 * 86400.0);
   EXPECT_EQ(description(), "Week of 3/15/26");
 }
@@ -126,17 +88,18 @@ TEST_F(MainWindowControllerTest, theSpanOfTheDayGrowsWithTheWeeksAndBeginsAnewWi
       ->adopt({{}, {{SessionKind::party, 5, 1380, 90, "", ""}}});
   open();
   choose(1);
-  EXPECT_EQ(week().layout().axis().endOfDay, 1470);
+  EXPECT_EQ(week().layout().grid().axis.endOfDay, 1470);
   controller->next();
-  settle();
-  EXPECT_EQ(week().layout().axis().endOfDay, 1470) << "it never shrinks while the rink stays";
+  endGlide();
+  EXPECT_EQ(week().layout().grid().axis.endOfDay, 1470) << "it never shrinks while the rink stays";
   choose(2);
-  EXPECT_EQ(week().layout().axis().endOfDay, 1440);
+  EXPECT_EQ(week().layout().grid().axis.endOfDay, 1440);
 }
 
 TEST_F(MainWindowControllerTest, theWindowGrowsForTheListAndShrinksBackByTheSame) {
   open();
   controller->toggleShowRinks();
+  controller->toggleShowCalendar();
   Rect narrow = controller->window()->frame();
   narrow.width = 820.0;
   controller->window()->setFrame(narrow);
@@ -146,6 +109,12 @@ TEST_F(MainWindowControllerTest, theWindowGrowsForTheListAndShrinksBackByTheSame
   settle();
   EXPECT_EQ(controller->window()->frame().width, 750.0 + 248.0);
   controller->toggleShowRinks();
+  settle();
+  EXPECT_EQ(controller->window()->frame(), narrow);
+  controller->toggleShowCalendar();
+  settle();
+  EXPECT_EQ(controller->window()->frame().width, 750.0 + 184.0);
+  controller->toggleShowCalendar();
   settle();
   EXPECT_EQ(controller->window()->frame(), narrow);
   EXPECT_FALSE(controller->rinkSidebar().isVisible() || controller->rinkSidebar().rinkListView().enabled);
@@ -163,12 +132,13 @@ TEST_F(MainWindowControllerTest, settingsComeBackInAnotherWindow) {
   second->showWindow();
   settle();
   EXPECT_EQ(second->currentRinkData(), rink);
-  EXPECT_FALSE(second->showRinks());
-  EXPECT_DOUBLE_EQ(second->schedulePane().weeklyView().layout().pointsPerMinute(), 1.5);
+  EXPECT_FALSE(second->sidebars().showRinks);
+  EXPECT_DOUBLE_EQ(
+      dynamic_cast<WeeklyScheduleView&>(*second->schedule().currentPage()).layout().pointsPerMinute(), 1.5);
   EXPECT_TRUE(second->windowSettings() == settings);
   second->window()->close();
   controller->restoreSettings({{"rinkID", 99}, {"showRinks", false}}, FromAnotherDocument::no);
-  EXPECT_TRUE(controller->showRinks()) << "a window without a rink shows the list";
+  EXPECT_TRUE(controller->sidebars().showRinks) << "a window without a rink shows the list";
 }
 
 TEST_F(MainWindowControllerTest, closingKeepsTheFrameAndHearsNothingMore) {

@@ -34,7 +34,7 @@ TEST(MainWindowSettings, comeBackAsWrittenWithOnlyTheFontSizesThatAreSet) {
 
 TEST(MainWindowSettings, takesWhatFitsOfAForeignDictionary) {
   MainWindowSettings wide;
-  wide.weeklyFontSizeFit = 11.0;
+  wide.fontSizes.weeklyFontSizeFit = 11.0;
   const std::pair<Dictionary, MainWindowSettings> cases[] = {
       {{{"rinkID", "7"},
         {"fitVertically", 0},

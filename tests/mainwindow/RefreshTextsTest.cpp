@@ -26,13 +26,6 @@ struct Thing : RefreshableProtocol {
 constexpr auto kOk = DownloadErrorKind::noError;
 constexpr auto kNoServer = DownloadErrorKind::connectionError;
 
-TEST(RefreshTexts, coarseDurations) {
-  const std::pair<double, const char*> cases[] = {
-      {59.9, "59 sec"},   {60.0, "60 sec"},       {61.0, "1 minute"},   {301.0, "5 minutes"},
-      {3580.0, "1 hour"}, {3900.0, "1 hr 5 min"}, {86400.0, "24 hours"}};
-  for (const auto& [seconds, text] : cases) EXPECT_EQ(coarseDurationText(seconds), text) << seconds;
-}
-
 TEST(RefreshTexts, statusLine) {
   const std::pair<Thing, const char*> cases[] = {
       {Thing(5.0, kOk, 100.0), "Updated just now"},

@@ -48,12 +48,13 @@ TEST(ScheduleSpot, findsItemsAndTheGapsBetweenThem) {
 }
 
 TEST(ItemInfoText, tellsOfItemsAfterMidnightAndOfGaps) {
-  EXPECT_EQ(itemInfoText(*item(5, 1455, 45, SessionKind::rental, "Staff"), kWeekOf, "Rental"),
+  EXPECT_EQ(itemInfoText(*item(5, 1455, 45, SessionKind::rental, "Staff"), packedDate(2026, 3, 20), "Rental"),
             "Saturday\n3/21/26\n12:15 am - 1:00 am\n(45 min)\n\nRental\nStaff");
   EXPECT_EQ(itemInfoText(*item(0, 720, 120, SessionKind::other, "Gala"), packedDate(2105, 3, 15), ""),
             "Sunday\n3/15/2105\n12:00 pm - 2:00 pm\n(2 hr)\n\nGala");
   const ScheduleSpot gap = findSpot({item(0, 360, 60), item(0, 500, 60)}, 0, 430);
-  EXPECT_EQ(gapInfoText(gap, kWeekOf), "Sunday\n3/15/26\n7:00 am - 8:20 am\n(1 hr 20 min)\n\n-- Idle --");
+  EXPECT_EQ(gapInfoText(gap, kWeekOf, "-- Idle --"),
+            "Sunday\n3/15/26\n7:00 am - 8:20 am\n(1 hr 20 min)\n\n-- Idle --");
 }
 
 TEST(ScheduleHeaderView, namesTheDays) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "auxwindows/WindowContext.h"
+#include "support/RecordingSoundPlayer.h"
 #include "support/SimServices.h"
 
 namespace tarvel::test {
@@ -57,7 +58,14 @@ class RecordingApplication : public ApplicationProtocol {
 
 class WakingWorkspace : public Workspace {
  public:
-  bool openUrl(const std::string&) override { return false; }
+  bool openUrl(const std::string& url) override {
+    opened.push_back(url);
+    return true;
+  }
+  bool openLocation(double latitude, double longitude) override {
+    opened.push_back("at " + std::to_string(latitude) + " " + std::to_string(longitude));
+    return true;
+  }
   std::unique_ptr<Subscription> onWake(std::function<void()> handler) override {
     handlers.push_back(std::make_shared<std::function<void()>>(std::move(handler)));
     return std::make_unique<Sub>(handlers.back());
@@ -67,6 +75,7 @@ class WakingWorkspace : public Workspace {
       if (*handler) (*handler)();
     }
   }
+  std::vector<std::string> opened;
 
  private:
   struct Sub : Subscription {
@@ -127,10 +136,11 @@ struct ScheduleWorld {
   ClockTimer clockTimer{sim.services};
   RecordingMasterRefresher refresher;
   RecordingApplication application;
+  RecordingSoundPlayer sounds;
   WakingWorkspace workspace;
   ObserverCensus census;
   DataModel dataModel{sim.services, *errorLog, clockTimer, "/support", "http://rinks.test"};
-  WindowContext context{sim.services, dataModel, *errorLog, clockTimer, workspace, census, application};
+  WindowContext context{sim.services, dataModel, *errorLog, clockTimer, workspace, census, application, sounds};
 };
 
 }  // namespace tarvel::test

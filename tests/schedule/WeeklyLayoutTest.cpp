@@ -13,7 +13,7 @@ using test::item;
 using test::kWeekOf;
 
 WeeklyLayoutInput inputOf(double width, double height, VerticalFit fit = VerticalFit::fit) {
-  return {{width, height}, fit, Medium::screen, 300, 1440, kWeekOf};
+  return {{{width, height}, fit, Medium::screen, {300, 1440}}, kWeekOf};
 }
 
 TEST(WeeklyLayout, columnsFollowTheWidth) {
@@ -24,7 +24,7 @@ TEST(WeeklyLayout, columnsFollowTheWidth) {
                                                               {542.0, Medium::page, 43.0, 494.0 / 7.0}};
   for (const auto& [width, medium, labels, column] : cases) {
     WeeklyLayoutInput input = inputOf(width, 600.0);
-    input.medium = medium;
+    input.page.medium = medium;
     EXPECT_DOUBLE_EQ(WeeklyLayout(input).labelColumnWidth(), labels) << width;
     EXPECT_DOUBLE_EQ(WeeklyLayout(input).columnWidth(), column) << width;
   }
@@ -42,11 +42,11 @@ TEST(WeeklyLayout, axisFitsTheHeightOrScrolls) {
   for (const auto& [height, fit, endOfDay, pointsPerMinute, step, wantedHeight] : cases) {
     SCOPED_TRACE(height);
     WeeklyLayoutInput input = inputOf(800.0, height, fit);
-    input.endOfDay = endOfDay;
+    input.page.dayRange.endOfDay = endOfDay;
     const WeeklyLayout layout(input);
     EXPECT_DOUBLE_EQ(layout.pointsPerMinute(), pointsPerMinute);
     EXPECT_EQ(layout.labelStep(), step);
-    EXPECT_DOUBLE_EQ(WeeklyLayout::heightForAvailableHeight(height, input), wantedHeight);
+    EXPECT_DOUBLE_EQ(WeeklyLayout::heightForAvailableHeight(height, input.page), wantedHeight);
   }
   const auto ticks = WeeklyLayout(inputOf(760.0, 594.0)).ticks();
   EXPECT_EQ(ticks.front(), (AxisTick{300, 12.0, "5:00"}));
@@ -57,10 +57,10 @@ TEST(WeeklyLayout, axisFitsTheHeightOrScrolls) {
 TEST(WeeklyLayout, placesItemsAndReturnsThoseThatADirtyRectangleMeets) {
   const WeeklyLayout layout(inputOf(760.0, 1164.0));
   const ScheduleItems items = {item(0, 300, 60), item(3, 720, 90), item(3, 780, 60), item(6, 1380, 60),
-                               item(7, 600, 60)};
+                               item(7, 600, 60), item(3, 750, 0),  item(3, 780, -30)};
   EXPECT_EQ(layout.itemRect(*items[1]), (Rect{348.0, 432.0, 100.0, 90.0}));
   const auto all = layout.itemsMeeting(items, {0.0, 0.0, 760.0, 1164.0});
-  EXPECT_EQ(all.size(), 4U) << "an item of no day of the week is left out";
+  EXPECT_EQ(all.size(), 4U) << "an item of no day of the week, or of no length, is left out";
   const auto some = layout.itemsMeeting(items, {400.0, 500.0, 5.0, 5.0});
   ASSERT_EQ(some.size(), 2U);
   EXPECT_EQ(some[0].item, items[1].get()) << "the later of two that overlap comes last";
@@ -102,21 +102,21 @@ TEST(WeeklyLayout, tellsDayAndMinuteOfAPoint) {
   const std::tuple<Point, int, std::int64_t> cases[] = {
       {{48.0, 12.0}, 0, 300}, {{747.9, 12.9}, 6, 301}, {{150.0, 62.0}, 1, 400}, {{50.0, 581.9}, 0, 1439}};
   for (const auto& [point, day, minute] : cases) {
-    const auto hit = layout.hit(point);
+    const auto hit = layout.grid().hit(point);
     ASSERT_TRUE(hit) << minute;
-    EXPECT_EQ(hit->day, day) << minute;
+    EXPECT_EQ(hit->column, day) << minute;
     EXPECT_EQ(hit->minute, minute);
   }
   for (const Point outside : {Point{47.9, 100.0}, {48.0, 11.9}, {748.0, 50.0}, {50.0, 582.0}})
-    EXPECT_FALSE(layout.hit(outside)) << outside.x << " " << outside.y;
+    EXPECT_FALSE(layout.grid().hit(outside)) << outside.x << " " << outside.y;
 }
 
 TEST(WeeklyLayout, scrollsAMinuteToAQuarterOfTheHeight) {
   const WeeklyLayout layout(inputOf(760.0, 1734.0, VerticalFit::scroll));
-  EXPECT_DOUBLE_EQ(layout.scrollOffset(300, 600.0), 0.0);
-  EXPECT_DOUBLE_EQ(layout.scrollOffset(720, 600.0), 420 * 1.5 + 24.0 - 150.0);
-  EXPECT_DOUBLE_EQ(layout.scrollOffset(1440, 600.0), 1140 * 1.5 + 24.0 - 600.0);
-  EXPECT_DOUBLE_EQ(layout.scrollOffset(720, 4000.0), 0.0);
+  EXPECT_DOUBLE_EQ(layout.grid().scrollOffset(300, 600.0), 0.0);
+  EXPECT_DOUBLE_EQ(layout.grid().scrollOffset(720, 600.0), 420 * 1.5 + 24.0 - 150.0);
+  EXPECT_DOUBLE_EQ(layout.grid().scrollOffset(1440, 600.0), 1140 * 1.5 + 24.0 - 600.0);
+  EXPECT_DOUBLE_EQ(layout.grid().scrollOffset(720, 4000.0), 0.0);
 }
 
 }  // namespace

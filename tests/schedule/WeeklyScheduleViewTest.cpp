@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "Items.h"
+#include "ScheduleTestOwner.h"
 #include "ScheduleWorld.h"
 #include "schedule/WeeklyPainter.h"
 #include "ui/Window.h"
@@ -14,34 +15,12 @@
 namespace tarvel {
 namespace {
 
+using test::blended;
+using test::builtColor;
+using test::expectColor;
 using test::kWeekOf;
+using test::ScheduleTestOwner;
 using test::ScheduleWorld;
-
-class RecordingOwner : public ScheduleViewOwner {
- public:
-  VerticalFit fitVertically() const override { return VerticalFit::fit; }
-  double weeklyFontSize() const override { return 9.0; }
-  SessionTimes showSessionTimes() const override { return SessionTimes::hidden; }
-  ScheduleViewOption scheduleViewOption() const override { return ScheduleViewOption::weekly; }
-  std::shared_ptr<RinkData> currentRinkData() const override { return nullptr; }
-  bool isCurrentPage(const PagedView&) const override { return true; }
-  ColumnGeometry columnGeometry() const override { return {}; }
-  void redrawScheduleHeader() override {}
-  void updateDayRange() override { ++loads; }
-  bool itemInfoShown() const override { return infoShown; }
-  void showItemInfo(const std::string& text) override { info = text; }
-  PackedDate selectedDate() const override { return selected; }
-  void setSelectedDate(PackedDate date) override { selected = date; }
-  void gotoScheduleItem(std::int64_t id, PackedDate date, std::int64_t minute) override {
-    gone = {id, date, minute};
-  }
-
-  bool infoShown = true;
-  int loads = 0;  ///< a page that is current tells of each load
-  std::string info;
-  PackedDate selected = kNoDate;
-  std::tuple<std::int64_t, PackedDate, std::int64_t> gone;
-};
 
 constexpr int kWidth = 760;   // columns of 100 from x 48 on
 constexpr int kHeight = 594;  // half a pixel a minute from 5:00 at y 12 on
@@ -82,38 +61,19 @@ class WeeklyScheduleViewTest : public testing::Test {
 
   ScheduleWorld world;
   std::shared_ptr<RinkData> rink;
-  RecordingOwner owner;
+  ScheduleTestOwner owner;
   Window window;
   WeeklyScheduleView* view = nullptr;
 };
-
-QColor built(SessionKind kind) {
-  return toQColor(kBuiltInSessions[static_cast<std::size_t>(kind)].color);
-}
-
-QColor blended(const QColor& under, const QColor& over) {
-  const double a = over.alphaF();
-  const auto mix = [a](int u, int o) { return static_cast<int>(u * (1 - a) + o * a + 0.5); };
-  return {mix(under.red(), over.red()), mix(under.green(), over.green()), mix(under.blue(), over.blue())};
-}
-
-void expectColor(const QImage& image, int x, int y, const QColor& expected) {
-  const QColor found = image.pixelColor(x, y);
-  const bool close = std::abs(found.red() - expected.red()) <= 3 &&
-                     std::abs(found.green() - expected.green()) <= 3 &&
-                     std::abs(found.blue() - expected.blue()) <= 3;
-  EXPECT_TRUE(close) << x << "," << y << ": " << found.name().toStdString() << " instead of "
-                     << expected.name().toStdString();
-}
 
 TEST_F(WeeklyScheduleViewTest, paintsSessionsPastDaysTodayTheMomentAndTheSelection) {
   showWeek();
   view->setSelectedDate(packedDate(2026, 3, 20));
   const QImage image = picture();
   const QColor past = color(kPastBlend, Appearance::light);
-  expectColor(image, 260, 165, blended(built(SessionKind::publicSession), past));
-  expectColor(image, 360, 315, built(SessionKind::freestyle));
-  expectColor(image, 442, 374, blended(built(SessionKind::freestyle), toQColor(kNoteCornerColor)));
+  expectColor(image, 260, 165, blended(builtColor(SessionKind::publicSession), past));
+  expectColor(image, 360, 315, builtColor(SessionKind::freestyle));
+  expectColor(image, 442, 374, blended(builtColor(SessionKind::freestyle), toQColor(kNoteCornerColor)));
   expectColor(image, 100, 400, blended(color(kScheduleBackground, Appearance::light), past));
   expectColor(image, 500, 390, color(kScheduleBackground, Appearance::light));
   for (int x = 345; x <= 351; ++x) expectColor(image, x, 450, Qt::black);  // today's frame is 7 wide

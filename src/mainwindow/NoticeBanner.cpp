@@ -1,0 +1,69 @@
+#include "mainwindow/NoticeBanner.h"
+
+#include <algorithm>
+
+namespace tarvel {
+namespace {
+
+constexpr int kDismissMargin = 6;
+
+}  // namespace
+
+bool bannerWanted(RinkData* rinkData) {
+  if (!rinkData) return false;
+  const std::optional<NoticeList>& notices = rinkData->noticeList();
+  return notices && std::any_of(notices->begin(), notices->end(), [&](const auto& notice) {
+           return !rinkData->isDismissed(notice->noticeID);
+         });
+}
+
+NoticeBanner::NoticeBanner(const WindowContext& context, QWidget* parent) : QWidget(parent) {
+  setFixedHeight(kHeight);
+  noticeBannerView_ = new NoticeBannerView(context, this);
+  dismissBannerButton_ = new BannerButton("close", tr("Dismiss Notice"), this);
+  connect(dismissBannerButton_, &BannerButton::clicked, this, &NoticeBanner::hideNoticeBanner);
+  hideNoticeBanner();
+}
+
+void NoticeBanner::close() {
+  visibilityChanged = {};
+  noticeBannerView_->closeBanner();
+  noticeBannerView_->noticeChosen = {};
+  noticeBannerView_->close();
+}
+
+void NoticeBanner::applyRule(const std::shared_ptr<RinkData>& rinkData) {
+  if (bannerWanted(rinkData.get())) {
+    showNoticeBanner(rinkData);
+  } else {
+    hideNoticeBanner();
+  }
+}
+
+void NoticeBanner::showNoticeBanner(const std::shared_ptr<RinkData>& rinkData) {
+  if (!bannerVisible_) {
+    bannerVisible_ = true;
+    noticeBannerView_->setRinkData(rinkData);
+    noticeBannerView_->setPresented(true);
+    setVisible(true);
+    if (visibilityChanged) visibilityChanged();
+  }
+  noticeBannerView_->showFirstNotice();
+}
+
+void NoticeBanner::hideNoticeBanner() {
+  if (bannerVisible_) {
+    bannerVisible_ = false;
+    noticeBannerView_->setPresented(false);
+    setVisible(false);
+    if (visibilityChanged) visibilityChanged();
+  }
+  noticeBannerView_->closeBanner();
+}
+
+void NoticeBanner::resizeEvent(QResizeEvent*) {
+  noticeBannerView_->setGeometry(rect());
+  dismissBannerButton_->move(width() - kDismissMargin - dismissBannerButton_->width(), kDismissMargin);
+}
+
+}  // namespace tarvel

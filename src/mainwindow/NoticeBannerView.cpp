@@ -1,0 +1,174 @@
+#include "mainwindow/NoticeBannerView.h"
+
+#include <fmt/format.h>
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "mainwindow/NoticeTexts.h"
+#include "mainwindow/RinkIdentity.h"
+#include "platform/FatalError.h"
+
+namespace tarvel {
+namespace {
+
+constexpr Color kBannerColor{0.1, 0.1, 0.7, 1.0};
+const TextAttributes kCountAttributes{11.0, FontWeight::regular, white(1.0), kCentredStyle,
+                                      FontDesign::tabularDigits};
+constexpr int kControlMargin = 4;
+constexpr int kBottomMargin = 10;
+constexpr int kCountHeight = 16;
+constexpr int kCountGap = 4;
+
+}  // namespace
+
+NoticeBannerView::NoticeBannerView(const WindowContext& context, QWidget* parent)
+    : DataLoadingView(context.services.notifications, parent),
+      console_(context.services.console),
+      application_(context.application) {
+  countField_ = new TextLabel(kCountAttributes, TextLabel::Lines::one, this);
+  prevButton_ = new BannerButton("chevron-left", tr("Previous Notice"), this);
+  nextButton_ = new BannerButton("chevron-right", tr("Next Notice"), this);
+  connect(prevButton_, &BannerButton::clicked, this, &NoticeBannerView::prevNotice);
+  connect(nextButton_, &BannerButton::clicked, this, &NoticeBannerView::nextNotice);
+  updateCount();
+  NotificationCenter& center = context.services.notifications;
+  observations_.push_back(
+      center.observe(kNoticesChanged, [this](const Notification& changed) { noticesChanged(changed); }));
+  observations_.push_back(center.observe(
+      kCheckObservers, [&census = context.observerCensus](const Notification&) {
+        census.checkObservers("NoticeBannerView");
+      }));
+  needsData();
+}
+
+void NoticeBannerView::close() {
+  isClosing = true;
+  observations_.clear();
+}
+
+QColor NoticeBannerView::backgroundColor() const {
+  return toQColor(kBannerColor);
+}
+
+void NoticeBannerView::setRinkData(const std::shared_ptr<RinkData>& rinkData) {
+  if (isSameRink(rinkData_, rinkData)) return;
+  rinkData_ = rinkData;
+  needsData();
+}
+
+void NoticeBannerView::noticesChanged(const Notification& notification) {
+  const auto rink = rinkData_.lock();
+  if (rink && notification.object.is(rink.get())) needsData();
+}
+
+void NoticeBannerView::showFirstNotice() {
+  currentIndex_ = 0;
+  needsData();
+}
+
+void NoticeBannerView::loadData() {
+  if (isClosing) return;
+  isAwaitingData = false;
+  setNeedsDisplay(true);
+  noticeList_.clear();
+  if (const auto rink = rinkData_.lock()) {
+    for (const auto& notice : rink->noticeList().value_or(NoticeList())) {
+      if (!rink->isDismissed(notice->noticeID)) noticeList_.push_back(notice);
+    }
+  }
+  if (!noticeList_.empty()) currentIndex_ = std::min(currentIndex_, noticeList_.size() - 1);
+  updateCount();
+}
+
+void NoticeBannerView::updateCount() {
+  const bool several = noticeList_.size() > 1;
+  countField_->setVisible(several);
+  prevButton_->setVisible(several);
+  nextButton_->setVisible(several);
+  describe();
+  if (!several) return;
+  countField_->setTextUtf8(fmt::format("{} of {}", currentIndex_ + 1, noticeList_.size()));
+  prevButton_->setEnabled(currentIndex_ >= 1);
+  nextButton_->setEnabled(currentIndex_ + 1 < noticeList_.size());
+}
+
+void NoticeBannerView::describe() {
+  const bool shows = currentIndex_ < noticeList_.size();
+  setAccessibleName(tr("Notice"));
+  setAccessibleDescription(shows ? spokenNotice(*noticeList_[currentIndex_]) : QString());
+}
+
+void NoticeBannerView::dismissCurrent() {
+  const auto rink = rinkData_.lock();
+  if (!rink || currentIndex_ >= noticeList_.size()) return;
+  if (rink->dismissNotice(noticeList_[currentIndex_]->noticeID)) application_.markChanged();
+}
+
+void NoticeBannerView::goTo(std::size_t index) {
+  dismissCurrent();
+  currentIndex_ = index;
+  setNeedsDisplay(true);
+  updateCount();
+}
+
+void NoticeBannerView::prevNotice() {
+  if (currentIndex_ >= 1) goTo(currentIndex_ - 1);
+}
+
+void NoticeBannerView::nextNotice() {
+  if (currentIndex_ + 1 < noticeList_.size()) goTo(currentIndex_ + 1);
+}
+
+void NoticeBannerView::closeBanner() {
+  dismissCurrent();
+  currentIndex_ = 0;
+  noticeList_.clear();
+}
+
+void NoticeBannerView::draw(QPainter& painter, const Rect&) {
+  if (currentIndex_ >= noticeList_.size()) return;
+  const Notice& notice = *noticeList_[currentIndex_];
+  const BannerLayout layout{{static_cast<double>(width()), static_cast<double>(height())}};
+  if (layout.textWidth() <= 0.0) return;
+  const Appearance appearance = appearanceOf(this);
+  std::optional<double> summaryHeight;
+  if (!notice.summary.empty()) {
+    const AttributedText summary(notice.summary, kBannerSummaryAttributes);
+    summaryHeight = boundingRect(summary, layout.summaryRoom(), TextFit::wrapAndTruncate).height;
+    tarvel::draw(painter, layout.summary(*summaryHeight), summary, TextFit::wrapAndTruncate, appearance);
+  }
+  const double top = BannerLayout::detailTop(summaryHeight);
+  const Size room = layout.detailRoom(top);
+  if (notice.detail.empty() || room.height <= 0.0) return;
+  const AttributedText detail(notice.detail, kBannerDetailAttributes);
+  const double height = boundingRect(detail, room, TextFit::wrapAndTruncate).height;
+  // A first line is measured in full even where a long summary leaves less than that.
+  if (height > room.height) return;
+  tarvel::draw(painter, layout.detail(top, height), detail, TextFit::wrapAndTruncate, appearance);
+}
+
+void NoticeBannerView::resizeEvent(QResizeEvent* event) {
+  DataLoadingView::resizeEvent(event);
+  constexpr int kWidth = static_cast<int>(BannerLayout::kControlsWidth);
+  const int left = width() - kWidth;
+  const QSize button = prevButton_->size();
+  const int buttonY = height() - kBottomMargin - button.height();
+  prevButton_->move(left + kWidth / 2 - button.width() - kControlMargin / 2, buttonY);
+  nextButton_->move(left + kWidth / 2 + kControlMargin / 2, buttonY);
+  countField_->setGeometry(left + kControlMargin, buttonY - kCountGap - kCountHeight,
+                           kWidth - 2 * kControlMargin, kCountHeight);
+}
+
+void NoticeBannerView::mousePressEvent(QMouseEvent* event) {
+  console_.printLine("NoticeBannerView mouseDown");
+  if (!isPresented()) return DataLoadingView::mousePressEvent(event);
+  const BannerLayout layout{{static_cast<double>(width()), static_cast<double>(height())}};
+  // What is out of date doesn't show, so that nobody can have meant it.
+  if (isAwaitingData || layout.isOnControls(event->position().x())) return;
+  if (currentIndex_ >= noticeList_.size()) fatalError("a click on a banner without a notice");
+  if (noticeChosen) noticeChosen(noticeList_[currentIndex_]);
+}
+
+}  // namespace tarvel

@@ -1,0 +1,105 @@
+#include "schedule/SchedulePrinting.h"
+
+#include <gtest/gtest.h>
+
+#include <QPdfWriter>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <tuple>
+
+#include "Items.h"
+#include "ScheduleWorld.h"
+
+namespace tarvel {
+namespace {
+
+using test::kWeekOf;
+using test::ScheduleWorld;
+
+class SchedulePrintingTest : public testing::Test {
+ protected:
+  SchedulePrintingTest() {
+    world.addRink(1, "Harbour Rink");
+    schedule.rink =
+        world.openRink(1, {ScheduleWorld::venue(7, "North", 1), ScheduleWorld::venue(4, "South", 2)});
+    schedule.rink->venue(7)->weeklySchedule(kWeekOf)->adopt(
+        {{},
+         {{SessionKind::publicSession, 3, 600, 120, "", ""},
+          {SessionKind::freestyle, 2, 900, 60, "Gold", ""}}});
+    schedule.date = packedDate(2026, 3, 18);
+    schedule.dailyVenueIDs = {4, 7};
+  }
+  QString path() const { return folder.filePath(QStringLiteral("page.pdf")); }
+  Status print(QPageSize::PageSizeId paper) {
+    QPdfWriter writer(path());
+    writer.setPageSize(QPageSize(paper));
+    return printSchedule(writer, world.dataModel, schedule);
+  }
+  std::string output(const QString& program, const QStringList& arguments) const {
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished()) << program.toStdString() << " is of the package poppler-utils";
+    return process.readAllStandardOutput().toStdString();
+  }
+  std::string text() const {
+    return output(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path(), QStringLiteral("-")});
+  }
+
+  QTemporaryDir folder;
+  ScheduleWorld world;
+  ScheduleToPrint schedule;
+};
+
+TEST_F(SchedulePrintingTest, printsEitherFormOnOnePageOfText) {
+  using Form = ScheduleViewOption;
+  const std::tuple<Form, QPageSize::PageSizeId, const char*, std::vector<const char*>> cases[] = {
+      {Form::weekly,
+       QPageSize::A4,
+       "595 x 842",
+       {"Harbour Rink", "Wed", "3/18", "Public", "Gold", "Printed 3/18/26"}},
+      {Form::weekly, QPageSize::Letter, "612 x 792", {"Harbour Rink", "Sat", "3/21", "Freestyle"}},
+      {Form::daily,
+       QPageSize::A4,
+       "595 x 842",
+       {"Wednesday, March 18, 2026", "North", "South", "Public", "Printed 3/18/26"}},
+      {Form::daily, QPageSize::Letter, "612 x 792", {"Harbour Rink", "North", "Public Session"}}};
+  for (const auto& [form, paper, size, words] : cases) {
+    SCOPED_TRACE(size);
+    schedule.form = form;
+    ASSERT_TRUE(print(paper).ok());
+    const std::string info = output(QStringLiteral("pdfinfo"), {path()});
+    EXPECT_NE(info.find("Pages:           1\n"), std::string::npos) << info;
+    EXPECT_NE(info.find(size), std::string::npos) << info;
+    const std::string page = text();
+    for (const char* word : words) EXPECT_NE(page.find(word), std::string::npos) << word << " in\n" << page;
+    EXPECT_EQ(page.find("Gold") != std::string::npos, form == Form::weekly) << "Tuesday's";
+  }
+}
+
+TEST_F(SchedulePrintingTest, endsWhatIsTooLongWithAnEllipsis) {
+  schedule.rink->rinkInfo()->name = std::string(10'000, 'M');
+  schedule.rink->venue(7)->name = std::string(10'000, 'N');
+  for (const auto form : {ScheduleViewOption::weekly, ScheduleViewOption::daily}) {
+    schedule.form = form;
+    ASSERT_TRUE(print(QPageSize::A4).ok());
+    EXPECT_NE(text().find("M\u2026"), std::string::npos);
+    EXPECT_EQ(text().find("N\u2026") != std::string::npos, form == ScheduleViewOption::daily);
+  }
+}
+
+TEST_F(SchedulePrintingTest, tellsWhyThereIsNoPage) {
+  QPdfWriter nowhere(QStringLiteral("/no/such/folder/page.pdf"));
+  EXPECT_FALSE(printSchedule(nowhere, world.dataModel, schedule).ok());
+  schedule.rink->setRinkInfo(nullptr);
+  ASSERT_TRUE(print(QPageSize::A4).ok());
+  EXPECT_NE(text().find("unknown rink"), std::string::npos);
+  schedule.rink = nullptr;
+  for (const auto form : {ScheduleViewOption::weekly, ScheduleViewOption::daily}) {
+    schedule.form = form;
+    ASSERT_TRUE(print(QPageSize::A4).ok());
+    EXPECT_NE(text().find("No Rink Selected"), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace tarvel
