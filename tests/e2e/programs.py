@@ -57,10 +57,10 @@ def isolate_network():
 
 
 def weeks_of(rink):
-    """The Sundays of this week and of the next, by the rink's own clock."""
+    """The Sundays of last week, this week and the next, by the rink's own clock: what the three pages show."""
     today = datetime.datetime.now(zoneinfo.ZoneInfo(rink["timeZone"])).date()
     sunday = today - datetime.timedelta(days=(today.weekday() + 1) % 7)
-    return [sunday, sunday + datetime.timedelta(days=7)]
+    return [sunday + datetime.timedelta(days=days) for days in (-7, 0, 7)]
 
 
 def wait_for(condition, what, patience=PATIENCE):
@@ -239,7 +239,7 @@ class ProgramTest(unittest.TestCase):
         self.fill_catalogue()
         self.show_rink(rink["rink"])
         tarvel = self.start_tarvel()
-        tarvel.wait_for_line("received weekly schedule file for", count=2)
+        tarvel.wait_for_line("received weekly schedule file for", count=3)
         tarvel.wait_for_line(f"next refresh for {rink['name']} in ")
         self.quit(tarvel)
 

@@ -25,13 +25,13 @@ class StartTest(ProgramTest):
         self.assertLess(pause, 5.0)
         self.assertEqual([entry["status"] for entry in entries], [200, 200, 200])
 
-    def test_a_rink_that_is_shown_asks_for_this_week_and_the_next(self):
+    def test_a_rink_that_is_shown_asks_for_the_weeks_of_its_three_pages(self):
         rink = self.demo.rink(RINK)
         self.fill_catalogue()
         self.show_rink(RINK)
         self.demo.clear_requests()
         tarvel = self.start_tarvel()
-        tarvel.wait_for_line("received weekly schedule file for", count=2)
+        tarvel.wait_for_line("received weekly schedule file for", count=3)
         tarvel.wait_for_line(f"next refresh for {rink['name']} in ")
         self.quit(tarvel)
 

@@ -44,7 +44,7 @@ class StoreTest(ProgramTest):
             read = b1.main_promises if index.endswith("main.b1") else b1.week_promises
             promises.update({folder + name: date for name, date in read(content).items()})
         names = self.stored_files()
-        self.assertEqual(len([name for name in names if "_week-" in name]), 2)
+        self.assertEqual(len([name for name in names if "_week-" in name]), 3)
         self.assertLessEqual({"defs.b1", "rinks.b1", folder + "main.b1"}, set(names))
         for name in names:
             with self.subTest(name):
