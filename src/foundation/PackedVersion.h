@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <string>
 
 namespace tarvel {
 
@@ -13,5 +14,8 @@ constexpr PackedVersion packedVersion(std::uint16_t major, std::uint16_t minor, 
                                     (static_cast<std::uint64_t>(minor) << 32) |
                                     (static_cast<std::uint64_t>(patch) << 16) | beta);
 }
+
+/// "6.1.0", "6.1.0 Beta 2".
+std::string versionText(PackedVersion version);
 
 }  // namespace tarvel

@@ -12,6 +12,7 @@ namespace tarvel {
 namespace {
 
 constexpr Color kColorOfUnknownKind = white(0.8);
+constexpr double kFreeMemoryInterval = 600.0;  // seconds
 constexpr std::string_view kLogosFolder = "logos";
 
 bool isDictionary(const PropertyList& value) {
@@ -55,7 +56,14 @@ void DataModel::start(const PropertyList::Dictionary* state) {
   readRinkList();
   if (state) takeState(*state);
   refresher_->scheduleNextRefresh();
+  freeMemoryTimer_ =
+      context_.services.mainLoop.every(kFreeMemoryInterval, kFreeMemoryInterval, [this] { freeMemory(); });
   appIsLaunching = false;
+}
+
+void DataModel::freeMemory() {
+  const Instant now = context_.services.clock.now();
+  for (const auto& rink : recentRinks) rink->releaseImages(now);
 }
 
 void DataModel::readDefs() {

@@ -48,6 +48,8 @@ class DataModel : public RefreshableProtocol, Counted<DataModel> {
   void start(const PropertyList::Dictionary* state);
   /// Quit: stops the timers, drops rinks not viewed for 28 days, and tidies the files.
   void prepareToQuit();
+  /// Drops the decoded photos that nothing has shown for half an hour. A timer calls it; so may the user.
+  void freeMemory();
   /// Adds the keys of this object to the state being saved.
   void addToState(PropertyList::Dictionary& state) const;
   /// Refreshes from another server; the present address does nothing. No trailing slash.
@@ -110,6 +112,7 @@ class DataModel : public RefreshableProtocol, Counted<DataModel> {
   Context context_;
   LogoStore logos_;
   MasterRefresher* refresher_ = nullptr;
+  std::unique_ptr<Timer> freeMemoryTimer_;
   std::vector<std::string> sessionNames_;
   std::vector<Color> sessionColors_;
 };

@@ -11,6 +11,7 @@ namespace tarvel {
 inline constexpr std::string_view kMainFileName = "main.b1";
 inline constexpr std::string_view kNoticesFileName = "notices.b1";
 inline constexpr std::string_view kPhotoCollectionFileName = "photoCollection.b1";
+inline constexpr std::string_view kPhotosFolderName = "Photos";
 inline constexpr std::string_view kDefsFileName = "defs.b1";
 inline constexpr std::string_view kRinksFileName = "rinks.b1";
 

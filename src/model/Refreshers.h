@@ -1,9 +1,11 @@
 #pragma once
+#include <cstdint>
 #include <memory>
 #include <string>
 
 namespace tarvel {
 
+class Photo;
 class RinkData;
 class RinkInfo;
 class Venue;
@@ -35,6 +37,8 @@ class RinkRefresher : public Refresher {
   virtual void requestFile(const std::string& path) = 0;
   virtual void requestSchedulesFile(Venue& venue) = 0;
   virtual void requestWeekFile(WeeklySchedule& schedule) = 0;
+  /// Requests the file of one of the photo's versions. The photo has to be held by shared pointers.
+  virtual void requestPhotoFile(Photo& photo, std::int64_t version) = 0;
 };
 
 class MasterRefresher : public Refresher {

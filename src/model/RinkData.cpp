@@ -204,15 +204,6 @@ bool RinkData::mergeVenues(const std::vector<VenueRecord>& records) {
   return changed;
 }
 
-void RinkData::adoptCoverPhoto(const MainFile& file) {
-  auto photo = std::make_shared<Photo>();
-  photo->photoID = file.coverPhotoID;
-  photo->title = file.coverPhotoTitle;
-  photo->descr = file.coverPhotoDescription;
-  photo->versions = file.coverPhotoVersions;
-  coverPhotoCache = std::move(photo);
-}
-
 std::shared_ptr<Venue> RinkData::venue(std::int64_t venueID) const {
   const auto found = std::find_if(venues.begin(), venues.end(),
                                   [&](const std::shared_ptr<Venue>& v) { return v->venueID == venueID; });

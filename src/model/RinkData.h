@@ -10,6 +10,7 @@
 #include "foundation/MessageLog.h"
 #include "foundation/Services.h"
 #include "model/NoticesFile.h"
+#include "model/PhotoCollectionFile.h"
 #include "model/RefreshState.h"
 #include "model/Refreshable.h"
 #include "model/Refreshers.h"
@@ -64,8 +65,10 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   // Of this run:
   std::int64_t chosenVenueID = 0;              ///< chosen in the Today window
   std::vector<std::shared_ptr<Venue>> venues;  ///< ascending by venueID
-  std::shared_ptr<const Photo> coverPhotoCache;
-  std::optional<NoticeList> noticesCache;  ///< none until they are read, which an empty list is not
+  std::shared_ptr<Photo> coverPhotoCache;
+  std::optional<NoticeList> noticesCache;   ///< none until they are read, which an empty list is not
+  std::optional<AlbumList> albumListCache;  ///< the same
+  std::optional<PhotoList> photoListCache;  ///< the same; ascending by photoID
   bool mainFileRead = false;
   bool noticesFileRead = false;
   bool photosFileRead = false;
@@ -109,11 +112,25 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   bool isDismissed(std::int64_t noticeID) const;
   /// False if it was dismissed already.
   bool dismissNotice(std::int64_t noticeID);
+  /// The albums, read from the stored file if they weren't yet; none while there is nothing to show. What is
+  /// missing or out of date is requested, and "photo collection changed" follows.
+  const std::optional<AlbumList>& albumList();
+  /// The same for one photo or album; null for an unknown id.
+  std::shared_ptr<Photo> photo(std::int64_t photoID);
+  std::shared_ptr<const PhotoAlbum> album(std::int64_t albumID);
+  /// Reads the stored collection, or requests it if it is missing, damaged or not the promised version.
+  void readPhotos();
+  /// Takes over a new collection. Its photos are new objects: whoever holds an old one keeps that.
+  void adoptPhotos(PhotoCollectionFile file);
+  /// Drops the images of photos that no view shows and whose time is over at `now`.
+  void releaseImages(Instant now);
 
   /// Null for an unknown id.
   std::shared_ptr<Venue> venue(std::int64_t venueID) const;
 
   const Path& rinkSupportFolderURL() const { return folder_; }
+  /// Where the photos' files are stored.
+  Path photosFolderPath() const;
   /// The date of one of the rink's stored files, asked afresh.
   std::optional<Instant> storedFileDate(const std::string& name) const;
   /// At quit: removes loose pictures and documents of an older layout from the top of the rink's folder.

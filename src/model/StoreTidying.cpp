@@ -23,6 +23,7 @@ std::optional<std::int64_t> rinkOfFolder(const std::string& name) {
 
 void DataModel::prepareToQuit() {
   refresher_->invalidateTimer();
+  freeMemoryTimer_ = nullptr;
   for (const auto& rink : recentRinks) rink->refresher().invalidateTimer();
   dropStaleRinks();
   tidyApplicationFolder();

@@ -42,6 +42,7 @@ void RinkRefresh::updateMain() {
   rink_.readMainFile();
   for (const auto& venue : rink_.venues) updateVenue(*venue);
   updateNotices();
+  updatePhotoCollection();
 }
 
 void RinkRefresh::updateNotices() {
@@ -72,6 +73,7 @@ void RinkRefresh::mainFileReceived(ByteView body) {
   for (const FileRecord& record : file.files) {
     if (const std::shared_ptr<Venue> venue = rink_.adoptPromise(record)) updateVenue(*venue);
     if (record.name == kNoticesFileName) updateNotices();
+    if (record.name == kPhotoCollectionFileName) updatePhotoCollection();
   }
   rink_.setPhotosFolder(file.photosFolder);
   rink_.adoptCoverPhoto(file);

@@ -71,6 +71,8 @@ void RinkRefresh::requestFile(const std::string& path) {
     requestRinkFile(path, [this](ByteView body) { mainFileReceived(body); });
   } else if (path == "/" + std::string(kNoticesFileName)) {
     requestRinkFile(path, [this](ByteView body) { noticesFileReceived(body); });
+  } else if (path == "/" + std::string(kPhotoCollectionFileName)) {
+    requestRinkFile(path, [this](ByteView body) { photoCollectionFileReceived(body); });
   }
 }
 

@@ -26,6 +26,7 @@ class RinkRefresh : public RinkRefresher, private RefreshCycle {
   void requestFile(const std::string& path) override;
   void requestSchedulesFile(Venue& venue) override;
   void requestWeekFile(WeeklySchedule& schedule) override;
+  void requestPhotoFile(Photo& photo, std::int64_t version) override;
 
  private:
   void armNextRefresh() override;
@@ -38,6 +39,8 @@ class RinkRefresh : public RinkRefresher, private RefreshCycle {
   void masterFileReceived(ByteView body);
   void mainFileReceived(ByteView body);
   void noticesFileReceived(ByteView body);
+  void photoCollectionFileReceived(ByteView body);
+  void photoFileReceived(Photo& photo, std::int64_t version, ByteView body);
   void schedulesFileReceived(Venue& venue, ByteView body);
   void weekFileReceived(WeeklySchedule& schedule, ByteView body);
 
@@ -45,6 +48,9 @@ class RinkRefresh : public RinkRefresher, private RefreshCycle {
   void updateMain();
   void updateVenue(Venue& venue);
   void updateNotices();
+  void updatePhotoCollection();
+  void updatePhotos();
+  void removeUnlistedPhotos(const std::vector<FolderEntry>& entries);
   void updateSchedules(Venue& venue);
   void updateWeek(WeeklySchedule& schedule);
   void removeWeeksOfGoneVenues();

@@ -41,6 +41,7 @@ class RecordingRinkRefresher : public RinkRefresher {
   void requestFile(const std::string& path) override { note(path); }
   void requestSchedulesFile(Venue& venue) override { note(venue.schedulesFileName()); }
   void requestWeekFile(WeeklySchedule& schedule) override { note(schedule.fileName()); }
+  void requestPhotoFile(Photo& photo, std::int64_t version) override { note(photo.fileName(version)); }
 
  private:
   void note(const std::string& what) { requests_.push_back(rink_ + ": " + what); }

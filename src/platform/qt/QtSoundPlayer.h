@@ -1,32 +1,22 @@
 #pragma once
-#include <QString>
-#include <map>
 #include <memory>
-#include <string>
 
 #include "platform/SoundPlayer.h"
 
-class QAudioDevice;
-class QSoundEffect;
-
 namespace tarvel {
 
-/// Plays the sounds of the assets through Qt, on the desktop's output of the moment. The sound system is
-/// looked for at the first sound, so that an application that never plays one doesn't wait for it at its
-/// start; each sound is loaded once and kept.
+/// Plays the sounds of the assets on the desktop's output of the moment, through a module that is looked for
+/// beside the program at the first sound: an application that never plays one pays nothing for it. Without
+/// the module it is as silent as on a machine without sound.
 class QtSoundPlayer final : public SoundPlayer {
  public:
-  QtSoundPlayer();
-  ~QtSoundPlayer() override;
-  QtSoundPlayer(const QtSoundPlayer&) = delete;
-  QtSoundPlayer& operator=(const QtSoundPlayer&) = delete;
-
   void playSound(std::string_view name) override;
+  /// Whether the module could be loaded; loads it.
+  bool hasModule();
 
  private:
-  QSoundEffect& effect(const std::string& name, const QString& file, const QAudioDevice& output);
-
-  std::map<std::string, std::unique_ptr<QSoundEffect>, std::less<>> effects_;
+  bool lookedFor_ = false;
+  std::unique_ptr<SoundPlayer> player_;  ///< the module's; null without one
 };
 
 }  // namespace tarvel
