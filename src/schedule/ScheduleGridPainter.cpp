@@ -27,7 +27,7 @@ const TextAttributes& attributesOf(AxisLabels labels) {
 void paintTick(QPainter& painter, const AxisPicture& picture, const AxisTick& tick) {
   const ScheduleGrid& grid = picture.grid;
   const DevicePixels pixels(painter);
-  if (picture.labels != AxisLabels::printed)
+  if (picture.labels != AxisLabels::printed && picture.lines == AxisLines::across)
     pixels.horizontalLine(grid.left, grid.right, tick.y, toQColor(kFaintGridColor));
   pixels.horizontalLine(grid.left - kTickLength, grid.left, tick.y, toQColor(kGridColor));
   pixels.horizontalLine(grid.right, grid.right + kTickLength, tick.y, toQColor(kGridColor));

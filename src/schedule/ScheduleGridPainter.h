@@ -6,6 +6,9 @@ class QPainter;
 
 namespace tarvel {
 
+/// Whether an axis has a faint line across the columns at each label.
+enum class AxisLines { across, none };
+
 /// The axis of a schedule page: its labelled lines in that step. A page on paper has no lines across its
 /// columns. Draws what the dirty rectangle meets.
 struct AxisPicture {
@@ -13,6 +16,7 @@ struct AxisPicture {
   std::int64_t labelStep;
   AxisLabels labels;
   Appearance appearance;
+  AxisLines lines = AxisLines::across;
 };
 void paintAxis(QPainter& painter, const AxisPicture& picture, const Rect& dirty);
 

@@ -18,9 +18,11 @@ QPainterPath triangle(QPointF a, QPointF b, QPointF c) {
 
 }  // namespace
 
-TimeMarkerView::TimeMarkerView(double width, QWidget* parent) : QWidget(parent) {
+TimeMarkerView::TimeMarkerView(double width, QWidget* parent, const TimeMarkerShape& shape)
+    : QWidget(parent), shape_(shape) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setMarkerRect({-kTimeMarkerWidth, -kTimeMarkerHeight / 2, width + 2 * kTimeMarkerWidth, kTimeMarkerHeight});
+  setMarkerRect(
+      {-shape.markerWidth, -shape.markerHeight / 2, width + 2 * shape.markerWidth, shape.markerHeight});
 }
 
 void TimeMarkerView::setMarkerRect(const Rect& rect) {
@@ -36,11 +38,11 @@ void TimeMarkerView::paintEvent(QPaintEvent*) {
   painter.translate(rect_.x - x(), rect_.y - y());
   const QColor red = toQColor(kTimeMarkerColor);
   const double middle = rect_.height / 2;
-  const double right = rect_.width - kTimeMarkerWidth;
-  painter.fillRect(
-      QRectF(kTimeMarkerWidth, middle - kTimeMarkerLine / 2, right - kTimeMarkerWidth, kTimeMarkerLine), red);
-  painter.fillPath(triangle({kTimeMarkerWidth, middle}, {0.0, 0.0}, {0.0, kTimeMarkerHeight}), red);
-  painter.fillPath(triangle({right, middle}, {rect_.width, 0.0}, {rect_.width, kTimeMarkerHeight}), red);
+  const auto& [line, left, height] = shape_;
+  const double right = rect_.width - left;
+  painter.fillRect(QRectF(left, middle - line / 2, right - left, line), red);
+  painter.fillPath(triangle({left, middle}, {0.0, 0.0}, {0.0, height}), red);
+  painter.fillPath(triangle({right, middle}, {rect_.width, 0.0}, {rect_.width, height}), red);
 }
 
 }  // namespace tarvel

@@ -7,6 +7,13 @@
 
 namespace tarvel {
 
+/// The measures of a time marker.
+struct TimeMarkerShape {
+  double lineWidth = kTimeMarkerLine;
+  double markerWidth = kTimeMarkerWidth;  ///< of a pointer, outside the column
+  double markerHeight = kTimeMarkerHeight;
+};
+
 /// The translucent bar that shows the present moment, with a pointer at each end that lies outside the
 /// column. A child of a schedule page, which places it; so a minute passes without the page being drawn
 /// again. It takes no mouse events.
@@ -16,7 +23,7 @@ class TimeMarkerView : public QWidget, Counted<TimeMarkerView> {
   using Counted<TimeMarkerView>::liveCount;
 
   /// `width` is the column's.
-  TimeMarkerView(double width, QWidget* parent);
+  TimeMarkerView(double width, QWidget* parent, const TimeMarkerShape& shape = {});
   /// In the parent's coordinates. The bar lies there to the fraction of a pixel.
   void setMarkerRect(const Rect& rect);
   const Rect& markerRect() const { return rect_; }
@@ -25,6 +32,7 @@ class TimeMarkerView : public QWidget, Counted<TimeMarkerView> {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  TimeMarkerShape shape_;
   Rect rect_;
 };
 

@@ -5,10 +5,14 @@
 #include <cmath>
 
 #include "platform/qt/QtImage.h"
+#include "ui/PixelBox.h"
 
 namespace tarvel {
 
 namespace {
+
+/// Versions of one photo differ by the rounding of their sizes; what differs by more is another picture.
+constexpr double kVisibleDistortion = 1.03;
 
 /// The picture at a size in device pixels, smoothly scaled down.
 QPixmap scaled(const QImage& picture, QSize pixels) {
@@ -19,6 +23,27 @@ QPixmap scaled(const QImage& picture, QSize pixels) {
   pixmap = QPixmap::fromImage(picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
   QPixmapCache::insert(key, pixmap);
   return pixmap;
+}
+
+void drawScaled(QPainter& painter, const QImage& picture, const QRectF& target) {
+  const QSize pixels = painter.deviceTransform().mapRect(target).size().toSize();
+  painter.save();
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (pixels.isEmpty() || pixels.width() >= picture.width() || pixels.height() >= picture.height()) {
+    painter.drawImage(target, picture);
+  } else {
+    const QPixmap pixmap = scaled(picture, pixels);
+    painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
+  }
+  painter.restore();
+}
+
+/// The largest rectangle of those proportions in the middle of `rect`.
+Rect fitted(Size proportions, const Rect& rect) {
+  const double scale = std::min(rect.width / proportions.width, rect.height / proportions.height);
+  const double width = scale * proportions.width;
+  const double height = scale * proportions.height;
+  return {rect.x + (rect.width - width) * 0.5, rect.y + (rect.height - height) * 0.5, width, height};
 }
 
 }  // namespace
@@ -35,19 +60,19 @@ Rect drawImage(QPainter& painter, const Image& image, const Rect& box) {
   const auto* decoded = dynamic_cast<const QtImage*>(&image);
   const Rect place = decoded ? imagePlace(decoded->pixelSize(), box) : Rect{};
   if (place.empty()) return {};
-  const QImage& picture = decoded->picture();
-  const QRectF target(place.x, place.y, place.width, place.height);
-  const QSize pixels = painter.deviceTransform().mapRect(target).size().toSize();
-  painter.save();
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  if (pixels.isEmpty() || pixels.width() >= picture.width() || pixels.height() >= picture.height()) {
-    painter.drawImage(target, picture);
-  } else {
-    const QPixmap pixmap = scaled(picture, pixels);
-    painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
-  }
-  painter.restore();
+  drawScaled(painter, decoded->picture(), {place.x, place.y, place.width, place.height});
   return place;
+}
+
+void drawImageFilling(QPainter& painter, const Image& image, const Rect& rect) {
+  const auto* decoded = dynamic_cast<const QtImage*>(&image);
+  if (!decoded || rect.empty()) return;
+  const Size size = decoded->pixelSize();
+  const double distortion = (rect.width / rect.height) / (size.width / size.height);
+  const bool same = distortion < kVisibleDistortion && distortion > 1.0 / kVisibleDistortion;
+  const Rect place = same ? rect : fitted(size, rect);
+  drawScaled(painter, decoded->picture(),
+             PixelBox(painter, {place.x, place.y, place.width, place.height}).aligned());
 }
 
 }  // namespace tarvel

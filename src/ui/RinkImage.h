@@ -12,5 +12,8 @@ Rect imagePlace(Size picture, const Rect& box);
 /// Draws the picture in that place and returns it. Scaled pictures are kept for the next drawing while there
 /// is room. A picture that this side didn't decode draws nothing and gives an empty rectangle.
 Rect drawImage(QPainter& painter, const Image& image, const Rect& box);
+/// Draws the whole picture so that it fills the rectangle, also enlarged, on whole device pixels. One of
+/// quite other proportions isn't distorted: it is fitted into the rectangle.
+void drawImageFilling(QPainter& painter, const Image& image, const Rect& rect);
 
 }  // namespace tarvel

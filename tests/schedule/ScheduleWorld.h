@@ -21,9 +21,14 @@ class RecordingRinkRefresher : public RinkRefresher {
   void requestFile(const std::string&) override {}
   void requestSchedulesFile(Venue&) override {}
   void requestWeekFile(WeeklySchedule&) override {}
+  void requestPhotoFile(Photo& photo, std::int64_t version) override {
+    photoRequests.push_back(photo.fileName(version));
+    photo.setDownloadStatus(DownloadStatus::requested(), version);
+  }
 
   int refreshes = 0;
   int dueChecks = 0;
+  std::vector<std::string> photoRequests;
 };
 
 class RecordingMasterRefresher : public MasterRefresher {
@@ -140,7 +145,8 @@ struct ScheduleWorld {
   WakingWorkspace workspace;
   ObserverCensus census;
   DataModel dataModel{sim.services, *errorLog, clockTimer, "/support", "http://rinks.test"};
-  WindowContext context{sim.services, dataModel, *errorLog, clockTimer, workspace, census, application, sounds};
+  WindowContext context{sim.services, dataModel, *errorLog,   clockTimer,
+                        workspace,    census,    application, sounds};
 };
 
 }  // namespace tarvel::test

@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "auxwindows/TarvelURLWindowController.h"
+#include "schedule/ScheduleWorld.h"
+
+namespace tarvel::test {
+namespace {
+
+class TarvelURLWindowTest : public testing::Test {
+ protected:
+  TarvelURLWindowTest() {
+    window_.showWindow();
+    QApplication::setActiveWindow(window_.window());
+  }
+  void type(const QString& text) {
+    window_.urlField().setFocus();
+    window_.urlField().selectAll();
+    QTest::keyClick(&window_.urlField(), Qt::Key_Delete);
+    QTest::keyClicks(&window_.urlField(), text);
+  }
+  void tab() { QTest::keyClick(&window_.urlField(), Qt::Key_Tab); }
+  std::string server() const { return world_.dataModel.tarvelServerURL; }
+  QString shown() const { return window_.urlField().text(); }
+  bool isBlankTold() const {
+    EXPECT_EQ(window_.messageField().text().isEmpty(), window_.enterButton().isEnabled());
+    return window_.messageField().text() == "URL may not be blank";
+  }
+
+  ScheduleWorld world_;
+  const std::string before_ = server();
+  TarvelURLWindowController window_{world_.context};
+};
+
+TEST_F(TarvelURLWindowTest, MessagesFollowTheCommittedAddress) {
+  EXPECT_EQ(shown().toStdString(), before_);
+  type("   ");
+  EXPECT_FALSE(isBlankTold()) << "while typing the committed value counts";
+  EXPECT_EQ(window_.tmpServerURL(), "   ");
+  tab();
+  EXPECT_TRUE(isBlankTold());
+  EXPECT_EQ(shown(), "");
+  type(" http://other ");
+  EXPECT_TRUE(isBlankTold());
+  tab();
+  EXPECT_FALSE(isBlankTold());
+  EXPECT_EQ(shown(), "http://other");
+  type("http://other  ");
+  tab();
+  EXPECT_EQ(shown(), "http://other") << "an address that is the same loses its blanks, too";
+  EXPECT_EQ(server(), before_);
+}
+
+TEST_F(TarvelURLWindowTest, OnlyEnterTakesTheAddressOver) {
+  enum class By { enterButton, returnKey, cancelButton };
+  const struct {
+    const char* typed;
+    By by;
+    const char* server;  ///< null for that of before
+    bool closes;
+  } cases[] = {
+      {" http://new/ ", By::enterButton, "http://new/", true},
+      {"http://new", By::returnKey, "http://new", true},
+      {"http://new", By::cancelButton, nullptr, true},
+      {"  ", By::returnKey, nullptr, false},
+      {"no address", By::returnKey, "no address", true},
+  };
+  for (const auto& c : cases) {
+    ScheduleWorld world;
+    TarvelURLWindowController window(world.context);
+    window.showWindow();
+    window.urlField().clear();
+    QTest::keyClicks(&window.urlField(), c.typed);
+    if (c.by == By::enterButton) window.enterButton().click();
+    if (c.by == By::returnKey) QTest::keyClick(&window.urlField(), Qt::Key_Return);
+    if (c.by == By::cancelButton) window.cancelButton().click();
+    EXPECT_EQ(world.dataModel.tarvelServerURL, c.server ? c.server : before_) << c.typed;
+    EXPECT_EQ(!world.application.removed.empty(), c.closes) << c.typed;
+    EXPECT_EQ(world.refresher.refreshes, c.server ? 1 : 0) << c.typed;
+  }
+  window_.enterButton().click();
+  EXPECT_EQ(world_.application.removed.size(), 1U);
+  EXPECT_EQ(world_.refresher.refreshes, 0) << "the same address refreshes nothing";
+}
+
+}  // namespace
+}  // namespace tarvel::test
