@@ -62,7 +62,7 @@ void BannerButton::paintEvent(QPaintEvent*) {
   }
   if (!isEnabled()) painter.setOpacity(kDisabledAlpha);
   painter.drawPixmap(QPoint((width() - kSymbolSize) / 2, (height() - kSymbolSize) / 2),
-                     icon(symbol_, Qt::white, kSymbolSize, devicePixelRatioF()));
+                     tarvel::icon(symbol_, Qt::white, kSymbolSize, devicePixelRatioF()));
 }
 
 }  // namespace tarvel

@@ -1,8 +1,8 @@
 #pragma once
 #include <QWidget>
 
-#include "mainwindow/IconButton.h"
 #include "mainwindow/MainWindowPane.h"
+#include "ui/IconButton.h"
 
 namespace tarvel {
 

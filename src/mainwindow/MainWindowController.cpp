@@ -1,12 +1,8 @@
 #include "mainwindow/MainWindowController.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
-#include <QShortcut>
 #include <QStackedLayout>
 #include <QVBoxLayout>
-
-#include "mainwindow/MessagePane.h"
 
 namespace tarvel {
 namespace {
@@ -26,7 +22,6 @@ MainWindowController::MainWindowController(const WindowContext& context)
       popovers_(context) {
   makeViews();
   connectControls();
-  addShortcuts();
   observeModel();
   const Rect visible = window()->visibleFrame();
   sidebars_->applyWindowFrame({visible.x + (visible.width - kFirstSize.width) / 2,
@@ -40,24 +35,31 @@ MainWindowController::~MainWindowController() {
 }
 
 void MainWindowController::makeViews() {
+  noticeBanner_ = new NoticeBanner(context_, window());
   rinkSidebar_ = new RinkSidebar(context_, window());
   rinkSidebar_->rinkListView().enabled = true;
   titleRow_ = new MainTitleRow(window());
   schedule_ = std::make_unique<ScheduleController>(context_, *this, window());
+  photos_ = std::make_unique<PhotosController>(context_, *this, window());
+  infoPane_ = new InfoPane(context_, window());
+  noticesPane_ = new NoticesPane(context_, window());
+  noticesPane_->noticesView().setPresented(false);
   containerView_ = new QStackedLayout;
-  const auto messagePane = [&](const char* text) { return new MessagePane(context_, text, window()); };
-  panes_ = {messagePane("No Rink Selected"), &schedule_->pane(), messagePane("No Notices"),
-            messagePane("No Photos")};
+  panes_ = {infoPane_, &schedule_->pane(), noticesPane_, &photos_->pane()};
   for (WindowPane* pane : panes_) containerView_->addWidget(pane);
   auto* column = new QVBoxLayout;
   column->setSpacing(0);
   column->addWidget(titleRow_);
   column->addLayout(containerView_, 1);
-  auto* row = new QHBoxLayout(window());
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = new QHBoxLayout;
   row->setSpacing(0);
   row->addWidget(rinkSidebar_);
   row->addLayout(column, 1);
+  auto* whole = new QVBoxLayout(window());
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setSpacing(0);
+  whole->addWidget(noticeBanner_);
+  whole->addLayout(row, 1);
   sidebars_ = std::make_unique<WindowSidebars>(
       WindowSidebars::Views{*window(), *rinkSidebar_, schedule_->pane(), *titleRow_});
 }
@@ -72,32 +74,16 @@ void MainWindowController::connectControls() {
   on(&MainTitleRow::prev, [this] { prev(); });
   on(&MainTitleRow::gotoNow, [this] { gotoNow(); });
   on(&MainTitleRow::next, [this] { next(); });
+  on(&MainTitleRow::back, [this] { back(); });
   on(&MainTitleRow::showRefreshStatus, [this](QWidget* button) { showRefreshRinkStatus(*button); });
   rinkSidebar_->refreshStatus().clicked = [this](QWidget& button) { showRefreshMainStatus(button); };
   keys_ = std::make_unique<WindowKeys>(*window(), context_.sounds);
   keys_->left = [this] { prev(); };
   keys_->right = [this] { next(); };
-  keys_->escape = [] {};
-}
-
-void MainWindowController::addShortcuts() {
-  addShortcut(QKeySequence::Refresh, [this] { refreshNow(); });
-  addShortcut(QKeySequence::Print, [this] { printWindow(); });
-  addShortcut(QKeySequence::ZoomIn, [this] { schedule_->increaseTextSize(); });
-  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Equal), [this] { schedule_->increaseTextSize(); });
-  addShortcut(QKeySequence::ZoomOut, [this] { schedule_->decreaseTextSize(); });
-  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), [this] { gotoNow(); });
-  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { window()->performClose(); });
-  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), [] { QApplication::quit(); });
-  for (int kind = 0; kind < static_cast<int>(panes_.size()); ++kind) {
-    addShortcut(QKeySequence(Qt::CTRL | (Qt::Key_1 + kind)),
-                [this, kind] { selectPane(static_cast<MainWindowPane>(kind)); });
-  }
-}
-
-void MainWindowController::addShortcut(const QKeySequence& keys, std::function<void()> action) {
-  auto* shortcut = new QShortcut(keys, window());
-  QObject::connect(shortcut, &QShortcut::activated, window(), std::move(action));
+  keys_->escape = [this] { back(); };
+  noticeBanner_->view().noticeChosen = [this](const std::shared_ptr<const Notice>& notice) {
+    selectNotice(notice);
+  };
 }
 
 void MainWindowController::chooseRink(const std::shared_ptr<RinkInfo>& rinkInfo) {
@@ -107,12 +93,14 @@ void MainWindowController::chooseRink(const std::shared_ptr<RinkInfo>& rinkInfo)
   const auto rink = rinkInfo ? context_.dataModel.rinkData(rinkInfo->rinkID) : nullptr;
   currentRinkData_ = rink;
   if (rink) rink->readMainFile();
+  noticeBanner_->applyRule(rink);
   schedule_->chooseRink(rink);
   if (rink) {
     rink->lastViewed = context_.services.clock.now();
     rink->refresher().refreshIfDue();
   }
   updateRefreshIcon();
+  photos_->chooseRink(rink);
   updateRinkContent();
   needsData();
   updateControls();
@@ -129,7 +117,20 @@ void MainWindowController::updateRinkContent() {
   const QString name = info ? QString::fromStdString(info->name) : QString();
   window()->setWindowTitle(name.isEmpty() ? kApplicationName
                                           : name + QStringLiteral(" — ") + kApplicationName);
-  if (onSchedule()) schedule_->updateRinkContent();
+  switch (currentPaneKind_) {
+    case MainWindowPane::info:
+      infoPane_->setRink(info, currentRinkData());
+      break;
+    case MainWindowPane::schedule:
+      schedule_->updateRinkContent();
+      break;
+    case MainWindowPane::notices:
+      noticesPane_->noticesView().setRinkData(currentRinkData());
+      break;
+    case MainWindowPane::photos:
+      photos_->updateRinkContent();
+      break;
+  }
   updateControls();
 }
 
@@ -143,14 +144,20 @@ void MainWindowController::selectPane(MainWindowPane kind) {
 
 void MainWindowController::prev() {
   if (onSchedule()) schedule_->prev();
+  if (onPhotos()) photos_->prev();
 }
 
 void MainWindowController::next() {
   if (onSchedule()) schedule_->next();
+  if (onPhotos()) photos_->next();
 }
 
 void MainWindowController::gotoNow() {
   if (onSchedule()) schedule_->gotoNow();
+}
+
+void MainWindowController::back() {
+  if (onPhotos()) photos_->back();
 }
 
 void MainWindowController::refreshNow() {
@@ -194,6 +201,7 @@ MainWindowSettings MainWindowController::currentSettings() const {
   settings.showRinks = sidebars_->showRinks;
   settings.showCalendar = sidebars_->showCalendar;
   schedule_->addToSettings(settings);
+  photos_->addToSettings(settings);
   return settings;
 }
 
@@ -206,9 +214,14 @@ void MainWindowController::restoreSettings(const PropertyList::Dictionary& dicti
   settings_.rinkID = 0;  // the one setting of which a missing key says something
   settings_.readFrom(dictionary);
   schedule_->restoreSettings(settings_);
+  photos_->restoreSettings(settings_);
   selectPaneKind(settings_.currentPaneKind);
   const auto rink = settings_.rinkID != 0 ? context_.dataModel.rinkInfo(settings_.rinkID) : nullptr;
-  if (rink) rinkSidebar_->rinkListView().selectRink(rink);
+  if (rink) {
+    rinkSidebar_->rinkListView().selectRink(rink);
+    // At once, rather than when the list's word of it comes round: a quit before that would forget the rink.
+    chooseRink(rink);
+  }
   // A window without a rink always shows the list.
   sidebars_->showRinks = !rink || settings_.showRinks;
   sidebars_->updateRinks();
@@ -253,8 +266,11 @@ void MainWindowController::windowWillClose() {
 void MainWindowController::closeParts() {
   observations_.clear();
   popovers_.close();
+  noticeBanner_->close();
   schedule_->close();
-  for (WindowPane* pane : panes_) pane->close();
+  photos_->close();
+  infoPane_->close();
+  noticesPane_->close();
   rinkSidebar_->close();
 }
 

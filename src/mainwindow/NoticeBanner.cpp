@@ -5,22 +5,22 @@
 namespace tarvel {
 namespace {
 
-constexpr int kDismissMargin = 6;
+constexpr int kDismissTop = 6;
+constexpr int kDismissRight = 10;  // above the arrow to the next notice
 
 }  // namespace
 
 bool bannerWanted(RinkData* rinkData) {
   if (!rinkData) return false;
   const std::optional<NoticeList>& notices = rinkData->noticeList();
-  return notices && std::any_of(notices->begin(), notices->end(), [&](const auto& notice) {
-           return !rinkData->isDismissed(notice->noticeID);
-         });
+  return notices && std::any_of(notices->begin(), notices->end(),
+                                [&](const auto& notice) { return !rinkData->isDismissed(notice->noticeID); });
 }
 
 NoticeBanner::NoticeBanner(const WindowContext& context, QWidget* parent) : QWidget(parent) {
   setFixedHeight(kHeight);
   noticeBannerView_ = new NoticeBannerView(context, this);
-  dismissBannerButton_ = new BannerButton("close", tr("Dismiss Notice"), this);
+  dismissBannerButton_ = new BannerButton("close", QStringLiteral("Dismiss Notice"), this);
   connect(dismissBannerButton_, &BannerButton::clicked, this, &NoticeBanner::hideNoticeBanner);
   hideNoticeBanner();
 }
@@ -63,7 +63,7 @@ void NoticeBanner::hideNoticeBanner() {
 
 void NoticeBanner::resizeEvent(QResizeEvent*) {
   noticeBannerView_->setGeometry(rect());
-  dismissBannerButton_->move(width() - kDismissMargin - dismissBannerButton_->width(), kDismissMargin);
+  dismissBannerButton_->move(width() - kDismissRight - dismissBannerButton_->width(), kDismissTop);
 }
 
 }  // namespace tarvel

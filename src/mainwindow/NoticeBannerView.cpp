@@ -28,16 +28,16 @@ NoticeBannerView::NoticeBannerView(const WindowContext& context, QWidget* parent
       console_(context.services.console),
       application_(context.application) {
   countField_ = new TextLabel(kCountAttributes, TextLabel::Lines::one, this);
-  prevButton_ = new BannerButton("chevron-left", tr("Previous Notice"), this);
-  nextButton_ = new BannerButton("chevron-right", tr("Next Notice"), this);
+  prevButton_ = new BannerButton("chevron-left", QStringLiteral("Previous Notice"), this);
+  nextButton_ = new BannerButton("chevron-right", QStringLiteral("Next Notice"), this);
   connect(prevButton_, &BannerButton::clicked, this, &NoticeBannerView::prevNotice);
   connect(nextButton_, &BannerButton::clicked, this, &NoticeBannerView::nextNotice);
   updateCount();
   NotificationCenter& center = context.services.notifications;
   observations_.push_back(
       center.observe(kNoticesChanged, [this](const Notification& changed) { noticesChanged(changed); }));
-  observations_.push_back(center.observe(
-      kCheckObservers, [&census = context.observerCensus](const Notification&) {
+  observations_.push_back(
+      center.observe(kCheckObservers, [&census = context.observerCensus](const Notification&) {
         census.checkObservers("NoticeBannerView");
       }));
   needsData();
@@ -96,7 +96,7 @@ void NoticeBannerView::updateCount() {
 
 void NoticeBannerView::describe() {
   const bool shows = currentIndex_ < noticeList_.size();
-  setAccessibleName(tr("Notice"));
+  setAccessibleName(QStringLiteral("Notice"));
   setAccessibleDescription(shows ? spokenNotice(*noticeList_[currentIndex_]) : QString());
 }
 

@@ -18,7 +18,7 @@ class NoticesPane : public WindowPane {
   void close();
 
  private:
-  QScrollArea* scroller_;      ///< a child
+  QScrollArea* scroller_;     ///< a child
   NoticesView* noticesView_;  ///< a child
 };
 

@@ -90,8 +90,8 @@ void NoticesView::measureRows(double width) {
 }
 
 void NoticesView::adjustSize() {
-  if (isAwaitingData || !parentWidget()) return;
-  const QSize room = parentWidget()->size();
+  if (isAwaitingData) return;
+  const QSize room = parentWidget() ? parentWidget()->size() : size();
   if (room.width() != measuredWidth_) measureRows(room.width());
   const QSize size(room.width(), static_cast<int>(std::ceil(layout_.viewHeight(room.height()))));
   if (size == this->size()) return;
@@ -131,8 +131,8 @@ void NoticesView::draw(QPainter& painter, const Rect& dirty) {
       }
     }
     // It belongs to the room of the next row, whose frame hides it.
-    PixelBox(painter, {NoticeLayout::kLineInset, rect.maxY(), width() - 2 * NoticeLayout::kLineInset,
-                       kGridLine})
+    PixelBox(painter,
+             {NoticeLayout::kLineInset, rect.maxY(), width() - 2 * NoticeLayout::kLineInset, kGridLine})
         .fill(grid);
   }
 }
@@ -157,7 +157,7 @@ void NoticesView::drawRow(QPainter& painter, std::size_t row) const {
 
 void NoticesView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  const auto row = isAwaitingData ? std::nullopt : layout_.rowAt(event->position().y());
+  const auto row = layout_.rowAt(event->position().y());
   selectNotice(row ? noticeList_[*row] : nullptr);
 }
 

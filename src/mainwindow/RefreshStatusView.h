@@ -1,9 +1,9 @@
 #pragma once
 #include <QWidget>
 
-#include "mainwindow/IconButton.h"
 #include "mainwindow/RefreshWatch.h"
 #include "mainwindow/TextLabel.h"
+#include "ui/IconButton.h"
 
 namespace tarvel {
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "foundation/CalendarDates.h"
+#include "schedule/ScheduleMoment.h"
 
 namespace tarvel {
 
@@ -16,15 +16,5 @@ struct WeekRange {
   bool reachableForwards(PackedDate weekOf) const { return weekOf <= endOfWeek(lastWeek); }
   bool holds(PackedDate date) const { return date >= firstWeek && date <= endOfWeek(lastWeek); }
 };
-
-/// What a schedule calls now: after midnight, while the axis still reaches that far, the night belongs to the
-/// day before, in minutes above 1440.
-struct ScheduleMoment {
-  PackedDate date = kNoDate;
-  std::int64_t time = 0;  ///< minutes
-  friend bool operator==(const ScheduleMoment&, const ScheduleMoment&) = default;
-};
-ScheduleMoment scheduleMoment(PackedDate dateNow, std::int64_t timeNow, std::int64_t startOfDay,
-                              std::int64_t endOfDay);
 
 }  // namespace tarvel

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "mainwindow/SchedulePrintDialog.h"
 #include "schedule/DailyScheduleView.h"
+#include "schedule/SchedulePrintDialog.h"
 #include "schedule/WeeklyScheduleView.h"
 #include "ui/AnalogClockFace.h"
 

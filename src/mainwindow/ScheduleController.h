@@ -7,9 +7,9 @@
 #include "mainwindow/ChosenVenues.h"
 #include "mainwindow/MainWindowSettings.h"
 #include "mainwindow/RinkDates.h"
-#include "mainwindow/ScheduleChime.h"
 #include "mainwindow/ScheduleHost.h"
 #include "mainwindow/SchedulePane.h"
+#include "schedule/ScheduleChime.h"
 #include "schedule/SchedulePageView.h"
 
 namespace tarvel {

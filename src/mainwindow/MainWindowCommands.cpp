@@ -1,0 +1,79 @@
+// The part of `MainWindowController` that takes the commands of the menus.
+#include <algorithm>
+#include <array>
+
+#include "mainwindow/MainWindowController.h"
+
+namespace tarvel {
+namespace {
+
+using Controller = MainWindowController;
+
+/// A command of the window's, and whether it can be given now.
+struct WindowCommand {
+  std::string_view action;
+  void (*perform)(Controller&, int tag);
+  CommandState (*state)(const Controller&, int tag);
+};
+
+CommandState always(const Controller&, int) {
+  return {};
+}
+
+CommandState onSchedule(const Controller& window, int) {
+  return {window.currentPaneKind() == MainWindowPane::schedule && window.currentRinkData() != nullptr};
+}
+
+CommandState whereThereArePages(const Controller& window, int) {
+  const bool paged = window.currentPaneKind() == MainWindowPane::schedule ||
+                     window.currentPaneKind() == MainWindowPane::photos;
+  return {paged && window.currentRinkData() != nullptr};
+}
+
+CommandState paneState(const Controller& window, int tag) {
+  return {true, std::nullopt, static_cast<int>(window.currentPaneKind()) == tag};
+}
+
+constexpr std::array<WindowCommand, 12> kCommands{{
+    {"printWindow:", [](Controller& w, int) { w.printWindow(); },
+     [](const Controller& w, int) { return CommandState{w.canPrint()}; }},
+    {"refreshNow:", [](Controller& w, int) { w.refreshNow(); }, always},
+    {"selectPane:", [](Controller& w, int tag) { w.selectPane(static_cast<MainWindowPane>(tag)); },
+     paneState},
+    {"toggleShowRinks:", [](Controller& w, int) { w.toggleShowRinks(); },
+     [](const Controller& w, int) {
+       return CommandState{true, std::nullopt, w.sidebars().showRinks};
+     }},
+    {"toggleShowCalendar:", [](Controller& w, int) { w.toggleShowCalendar(); },
+     [](const Controller& w, int) {
+       return CommandState{true, std::nullopt, w.sidebars().showCalendar};
+     }},
+    {"prev:", [](Controller& w, int) { w.prev(); }, whereThereArePages},
+    {"next:", [](Controller& w, int) { w.next(); }, whereThereArePages},
+    {"gotoNow:", [](Controller& w, int) { w.gotoNow(); }, onSchedule},
+    {"increaseTextSize:", [](Controller& w, int) { w.schedule().increaseTextSize(); }, onSchedule},
+    {"decreaseTextSize:", [](Controller& w, int) { w.schedule().decreaseTextSize(); }, onSchedule},
+    {"visitWebsite:", [](Controller& w, int) { w.infoPane().visitWebsite(); }, always},
+    {"locateOnMap:", [](Controller& w, int) { w.infoPane().locateOnMap(); }, always},
+}};
+
+const WindowCommand* commandNamed(std::string_view action) {
+  const auto* found =
+      std::find_if(kCommands.begin(), kCommands.end(),
+                   [action](const WindowCommand& command) { return command.action == action; });
+  return found == kCommands.end() ? nullptr : found;
+}
+
+}  // namespace
+
+std::optional<CommandState> MainWindowController::validateMenuItem(const Command& command) const {
+  const WindowCommand* known = commandNamed(command.action);
+  if (!known) return std::nullopt;
+  return known->state(*this, command.tag);
+}
+
+void MainWindowController::performCommand(const Command& command) {
+  if (const WindowCommand* known = commandNamed(command.action)) known->perform(*this, command.tag);
+}
+
+}  // namespace tarvel

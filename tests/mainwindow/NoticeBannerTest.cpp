@@ -1,0 +1,127 @@
+#include "mainwindow/NoticeBanner.h"
+
+#include "NoticesWorld.h"
+#include "ui/Painted.h"
+
+namespace tarvel {
+namespace {
+
+using test::notice;
+
+using Ids = std::vector<std::int64_t>;
+
+class NoticeBannerTest : public test::NoticesWorld {
+ protected:
+  NoticeBannerTest() {
+    banner->resize(window.width(), NoticeBanner::kHeight);
+    view.noticeChosen = [this](const auto& chosen) { chosenIDs.push_back(chosen->noticeID); };
+  }
+  ~NoticeBannerTest() override { banner->close(); }
+
+  void show(const NoticeList& notices) {
+    publish(notices);
+    banner->applyRule(rink);
+    settle();
+  }
+  void click(QWidget& button) {
+    QTest::mouseClick(&button, Qt::LeftButton);
+    settle();
+  }
+
+  NoticeBanner* banner = new NoticeBanner(world.context, &window);
+  NoticeBannerView& view = banner->view();
+  Ids chosenIDs;
+};
+
+TEST_F(NoticeBannerTest, TheRuleOfTheBanner) {
+  EXPECT_FALSE(bannerWanted(nullptr));
+  EXPECT_FALSE(bannerWanted(rink.get())) << "nothing read yet";
+  const struct {
+    NoticeList notices;
+    Ids dismissed;
+    bool wanted;
+  } cases[] = {{{}, {}, false},
+               {{notice(1)}, {}, true},
+               {{notice(1), notice(2)}, {1}, true},
+               {{notice(1), notice(2)}, {2, 1}, false}};
+  for (const auto& c : cases) {
+    rink->adoptNotices({{}, c.notices});
+    rink->dismissedNotices = c.dismissed;
+    EXPECT_EQ(bannerWanted(rink.get()), c.wanted);
+    banner->applyRule(rink);
+    EXPECT_EQ(banner->bannerVisible(), c.wanted);
+    EXPECT_EQ(banner->isVisible(), c.wanted);
+  }
+}
+
+TEST_F(NoticeBannerTest, ArrowsGoThroughTheNoticesAndDismissWhatTheyLeave) {
+  show({notice(1), notice(2), notice(3)});
+  const auto state = [&] { return std::make_pair(view.countField().text(), rink->dismissedNotices); };
+  EXPECT_EQ(state(), std::make_pair(QString("1 of 3"), Ids{}));
+  click(view.nextButton());
+  EXPECT_EQ(state(), std::make_pair(QString("2 of 3"), Ids{1}));
+  QTest::keyClick(&view.prevButton(), Qt::Key_Space);
+  EXPECT_EQ(state(), std::make_pair(QString("1 of 3"), (Ids{1, 2})));
+  EXPECT_EQ(world.application.changes, 2);
+  for (int i = 0; i < 3; ++i) click(view.nextButton());
+  EXPECT_EQ(state(), std::make_pair(QString("3 of 3"), (Ids{1, 2})));
+  EXPECT_TRUE(view.prevButton().isEnabled() && !view.nextButton().isEnabled());
+  view.needsData();
+  settle();
+  EXPECT_EQ(view.noticeList().size(), 1U) << "the next reading drops those seen";
+  EXPECT_EQ(view.currentIndex(), 0U);
+  EXPECT_FALSE(view.countField().isVisible() || view.prevButton().isVisible());
+}
+
+TEST_F(NoticeBannerTest, DismissingTakesTheNoticeOnShowAloneAndTheBannerComesBackForTheOthers) {
+  const NoticeList list = {notice(1), notice(2), notice(3)};
+  show(list);
+  click(banner->dismissButton());
+  EXPECT_FALSE(banner->bannerVisible());
+  EXPECT_EQ(rink->dismissedNotices, Ids{1});
+  show(list);
+  EXPECT_TRUE(banner->bannerVisible());
+  EXPECT_EQ(view.countField().text(), "1 of 2");
+  show({notice(2)});
+  EXPECT_EQ(view.currentIndex(), 0U);
+  const auto other = world.dataModel.rinkData(8);
+  other->adoptNotices({{}, {notice(9)}});
+  banner->showNoticeBanner(other);
+  settle();
+  EXPECT_EQ(view.rinkData(), rink) << "a banner on show keeps its rink";
+  banner->close();
+  EXPECT_EQ(rink->dismissedNotices, Ids{2}) << "closing the window counts as having seen it";
+}
+
+TEST_F(NoticeBannerTest, AClickOnTheTextChoosesTheNotice) {
+  show({notice(4), notice(5)});
+  click(view.nextButton());
+  const auto clickAt = [&](int x) { QTest::mouseClick(&view, Qt::LeftButton, {}, QPoint(x, 60)); };
+  clickAt(10);
+  clickAt(view.width() - 81);
+  clickAt(view.width() - 78);
+  EXPECT_EQ(chosenIDs, (Ids{5, 5}));
+  view.setRinkData(nullptr);
+  clickAt(10);
+  EXPECT_EQ(chosenIDs.size(), 2U) << "out of date";
+  settle();
+  EXPECT_DEATH(clickAt(10), "without a notice");
+}
+
+TEST_F(NoticeBannerTest, TextsOfAnyLengthStayInTheirPlace) {
+  const QColor blue(26, 26, 179);
+  const std::string longText(10'000, 'x'), rightToLeft = "\xD8\xA5\xD8\xBA\xD9\x84\xD8\xA7\xD9\x82";
+  const std::pair<std::string, std::string> cases[] = {
+      {"", ""}, {longText, longText}, {"Short", longText}, {"", rightToLeft}, {"<b>x</b>", "&amp;"}};
+  for (const auto& [summary, detail] : cases) {
+    show({});
+    show({notice(1, summary, detail)});
+    const QImage image = test::painted(view);
+    const QRect ink = test::inkOf(image, [&](const QColor& pixel) { return pixel != blue; });
+    EXPECT_EQ(ink.isEmpty(), summary.empty() && detail.empty());
+    EXPECT_TRUE(QRect(20, 6, view.width() - 100, 110).contains(ink) || ink.isEmpty()) << summary.size();
+  }
+}
+
+}  // namespace
+}  // namespace tarvel
