@@ -4,10 +4,13 @@
 
 #include <algorithm>
 
+#include "app/CursorHider.h"
 #include "app/Globals.h"
 #include "app/StoreCleanup.h"
+#include "app/TodayOpening.h"
 #include "mainwindow/MainWindowController.h"
 #include "platform/FatalError.h"
+#include "todaywindow/TodayWindowController.h"
 
 namespace tarvel {
 
@@ -73,6 +76,7 @@ void AppController::startDataModel(const PropertyList::Dictionary* state) {
   gDataModel = dataModel_.get();
   dataModel_->stateChanged = [this] { markChanged(); };
   masterRefresh_ = std::make_unique<MasterRefresh>(services(), *dataModel_);
+  masterRefresh_->decideUpdate = [this](const RootFile& root) { decideUpdate(root); };
   dataModel_->start(state);
 }
 
@@ -145,6 +149,8 @@ PropertyList::Array AppController::openWindows() const {
   std::vector<Window*> windows = Window::orderedWindows();
   std::reverse(windows.begin(), windows.end());
   PropertyList::Array forms;
+  // A quit may come before the windows of the last run have opened again.
+  for (const PropertyList::Dictionary& settings : windowsToReopen) forms.emplace_back(settings);
   for (const Window* window : windows) {
     WindowController* const controller = controllerOf(*window);
     const WindowKind* const kind =
@@ -167,16 +173,44 @@ void AppController::reopenWindow(const PropertyList::Dictionary& settings) {
   if (!className) fatalError("an open window without its class");
   const WindowKind* const kind = kindNamed(setup_.windowKinds, *className);
   if (!kind || kind->comesBack == WindowKind::ComesBack::no) return;
-  addWindowController(kind->create(windowContext()), &settings, RestoreFrame::yes).showWindow();
+  const bool isToday = kind->className == kTodayWindowClass;
+  const RestoreFrame restoreFrame = isToday && gKioskMode ? RestoreFrame::no : RestoreFrame::yes;
+  WindowController& controller = addWindowController(kind->create(windowContext()), &settings, restoreFrame);
+  isToday ? showTodayWindow(controller) : controller.showWindow();
 }
 
-void AppController::mainWindow() {
-  WindowController* controller = frontmostOf(kMainWindowClass);
-  if (!controller) {
-    const WindowKind* const kind = kindNamed(setup_.windowKinds, kMainWindowClass);
-    controller = &addWindowController(kind->create(windowContext()), nullptr, RestoreFrame::yes);
+WindowController& AppController::windowOfClass(const char* className) {
+  if (WindowController* const open = frontmostOf(className)) return *open;
+  const WindowKind* const kind = kindNamed(setup_.windowKinds, className);
+  const bool coversScreen = kind->className == kTodayWindowClass && gKioskMode;
+  return addWindowController(kind->create(windowContext()), nullptr,
+                             coversScreen ? RestoreFrame::no : RestoreFrame::yes);
+}
+
+void AppController::todayWindow() {
+  WindowController& controller = windowOfClass(kTodayWindowClass);
+  if (auto* const today = dynamic_cast<TodayWindowController*>(&controller)) {
+    giveRink(*today, dynamic_cast<MainWindowController*>(frontmostOf(kMainWindowClass)), *dataModel_);
   }
-  controller->showWindow();
+  showTodayWindow(controller);
+}
+
+void AppController::showTodayWindow(WindowController& controller) {
+  controller.showWindow();
+  // A kiosk window fits itself to its screen when it is given any frame.
+  if (gKioskMode) controller.window()->setFrame(controller.window()->frame());
+}
+
+void AppController::clockWindow() {
+  windowOfClass(kClockWindowClass).showWindow();
+}
+
+bool AppController::kioskMode() const {
+  return gKioskMode;
+}
+
+void AppController::setCursorHiding(CursorHiding hiding) {
+  if (setup_.cursorHider) setup_.cursorHider->setEnableCursorHiding(hiding);
 }
 
 bool AppController::isDefaultWindow(const WindowController& controller) const {
@@ -184,7 +218,8 @@ bool AppController::isDefaultWindow(const WindowController& controller) const {
 }
 
 WindowContext AppController::windowContext() {
-  return {services(), *dataModel_, *errorLog_, *clockTimer_, setup_.workspace, setup_.observerCensus, *this, setup_.sounds};
+  return {services(),       *dataModel_,           *errorLog_, *clockTimer_,
+          setup_.workspace, setup_.observerCensus, *this,      setup_.sounds};
 }
 
 }  // namespace tarvel

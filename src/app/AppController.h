@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "app/AppCommands.h"
 #include "app/AppInfo.h"
 #include "app/MorvAppController.h"
 #include "app/StateFile.h"
@@ -11,8 +12,12 @@
 #include "foundation/ClockTimer.h"
 #include "foundation/MessageLog.h"
 #include "refresh/MasterRefresh.h"
+#include "refresh/UpdateDecision.h"
 
 namespace tarvel {
+
+class AlertPanelWindowController;
+class CursorHider;
 
 /// What the controller is made with; what is referred to outlives it.
 struct AppSetup {
@@ -24,6 +29,10 @@ struct AppSetup {
   std::string defaultServerURL;  ///< without a trailing slash
   AppInfo info = kAppInfo;
   WindowKinds windowKinds = applicationWindowKinds();
+  // Either may be null; a kiosk then does without:
+  ScreenInhibitor* screenInhibitor = nullptr;
+  CursorHider* cursorHider = nullptr;
+  PackedVersion systemVersion = tarvel::systemVersion();
 };
 
 /// The controller that the application really has: it knows the model, the windows of this application and
@@ -50,10 +59,33 @@ class AppController : public MorvAppController, public AutoSaveDelegate, public 
 
   /// Brings the main window to the front, and opens one if there is none.
   void mainWindow();
+  void todayWindow() override;
+  void clockWindow() override;
+  /// Flips whether the next Today window takes a whole screen; those that are open stay as they are.
+  void toggleKioskMode();
+  // Each of these windows exists once at most:
+  void tarvelURLWindow();
+  void debugWindow();
+  /// The log window of the error log.
+  void errorLogWindow();
+  /// Adds the Debug menu to every window's menu bar, or takes it away.
+  void toggleDebugMenu();
+  /// Refreshes, and tells the user how the application stands beside its releases, whatever that is.
+  void checkForAppUpdate();
+  void visitAppWebsite();
+  void masterRefresh();
+  /// Lets go of the photos that nobody has looked at for a while.
+  void freeMemory();
+  /// The plain form of an alert, with one button that closes it.
+  void showAlert(const std::string& message, const std::string& info);
+
   /// Writes the state file; a failure goes to the error log.
   void saveAppState();
 
   void markChanged() override;
+  bool kioskMode() const override;
+  void setCursorHiding(CursorHiding hiding) override;
+  ScreenInhibitor* screenInhibitor() override { return setup_.screenInhibitor; }
   void autoSave() override;
   void messageLogChanged() override;
 
@@ -62,17 +94,26 @@ class AppController : public MorvAppController, public AutoSaveDelegate, public 
 
  protected:
   bool isDefaultWindow(const WindowController& controller) const override;
+  void prepareWindow(WindowController& controller) override;
 
  private:
+  void decideUpdate(const RootFile& root);
+  void presentUpdate(const UpdateAlert& alert);
+  void openUpdatePage(const UpdateAlert& alert);
+  AlertPanelWindowController& newAlertPanel();
   void takeState(const PropertyList::Dictionary& state);
   void startDataModel(const PropertyList::Dictionary* state);
   WindowContext windowContext();
+  /// The frontmost window of that class, or a new one, which still is to be shown.
+  WindowController& windowOfClass(const char* className);
+  static void showTodayWindow(WindowController& controller);
   void reopenWindows();
   void reopenWindow(const PropertyList::Dictionary& settings);
   PropertyList::Array openWindows() const;
   void saveErrorLog();
 
   AppSetup setup_;
+  AppCommands commands_{*this};
   StateFile stateFile_;
   // In the order in which they need each other.
   std::shared_ptr<MessageLog> errorLog_;

@@ -93,6 +93,7 @@ WindowController& MorvAppController::addWindowController(std::unique_ptr<WindowC
                                                          RestoreFrame restoreFrame) {
   WindowController& added = *windowControllers.emplace_back(std::move(controller));
   Window& window = *added.window();
+  prepareWindow(added);
   auto* const keeper = dynamic_cast<WindowSettingsProtocol*>(&added);
   PropertyList::Dictionary taken;  // settings given may stand in a list that what follows changes
   bool found = settings != nullptr;

@@ -71,6 +71,8 @@ class MorvAppController : public ApplicationProtocol {
                                        const WindowController* except = nullptr);
   /// True for a window that may close as the last one without another taking its place.
   virtual bool isDefaultWindow(const WindowController&) const { return false; }
+  /// A window controller has just come into the list; its window has neither place nor settings yet.
+  virtual void prepareWindow(WindowController&) {}
   /// Deletes all window controllers and their windows at once. For the end, outside the event loop.
   void deleteAllWindows();
 

@@ -1,6 +1,5 @@
 #include "app/Version.h"
 
-#include <fmt/format.h>
 #include <sys/utsname.h>
 
 #include <algorithm>
@@ -9,15 +8,6 @@
 #include <limits>
 
 namespace tarvel {
-
-std::string versionText(PackedVersion version) {
-  const auto number = [version](int shift) {
-    return (static_cast<std::uint64_t>(version) >> shift) & 0xFFFF;
-  };
-  std::string text = fmt::format("{}.{}.{}", number(48), number(32), number(16));
-  if (const auto beta = number(0); beta != 0) text += fmt::format(" Beta {}", beta);
-  return text;
-}
 
 PackedVersion packedSystemVersion(const std::string& release) {
   std::array<std::uint16_t, 3> numbers{};

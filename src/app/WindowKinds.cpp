@@ -2,7 +2,13 @@
 
 #include <algorithm>
 
+#include "auxwindows/AlertPanelWindowController.h"
+#include "auxwindows/ClockWindowController.h"
+#include "auxwindows/DebugWindowController.h"
+#include "auxwindows/LogWindowController.h"
+#include "auxwindows/TarvelURLWindowController.h"
 #include "mainwindow/MainWindowController.h"
+#include "todaywindow/TodayWindowController.h"
 
 namespace tarvel {
 
@@ -11,6 +17,11 @@ namespace {
 constexpr const char* kRootClass = "WindowController";
 constexpr const char* kDataLoadingClass = "DataLoadingWindowController";
 
+template <class Controller>
+std::unique_ptr<WindowController> make(const WindowContext& context) {
+  return std::make_unique<Controller>(context);
+}
+
 }  // namespace
 
 WindowKinds applicationWindowKinds() {
@@ -18,6 +29,19 @@ WindowKinds applicationWindowKinds() {
       {kMainWindowClass, kDataLoadingClass,
        [](const WindowContext& context) { return MainWindowController::create(context); },
        WindowKind::ComesBack::yes},
+      {kTodayWindowClass, kDataLoadingClass,
+       [](const WindowContext& context) { return TodayWindowController::create(context); },
+       WindowKind::ComesBack::yes},
+      {kClockWindowClass, kRootClass,
+       [](const WindowContext& context) { return ClockWindowController::create(context); },
+       WindowKind::ComesBack::no},
+      {kLogWindowClass, kDataLoadingClass,
+       [](const WindowContext& context) {
+         return std::make_unique<LogWindowController>(context, context.errorLog, QStringLiteral("Error Log"));
+       }},
+      {kDebugWindowClass, kRootClass, make<DebugWindowController>},
+      {kServerURLWindowClass, kRootClass, make<TarvelURLWindowController>},
+      {kAlertPanelClass, kRootClass, make<AlertPanelWindowController>},
   };
 }
 

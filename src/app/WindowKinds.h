@@ -11,6 +11,12 @@
 namespace tarvel {
 
 inline constexpr const char* kMainWindowClass = "MainWindowController";
+inline constexpr const char* kLogWindowClass = "LogWindowController";
+inline constexpr const char* kDebugWindowClass = "DebugWindowController";
+inline constexpr const char* kServerURLWindowClass = "TarvelURLWindowController";
+inline constexpr const char* kAlertPanelClass = "AlertPanelWindowController";
+inline constexpr const char* kTodayWindowClass = "TodayWindowController";
+inline constexpr const char* kClockWindowClass = "ClockWindowController";
 
 /// A class of window controllers that the application makes by name.
 struct WindowKind {

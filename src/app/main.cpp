@@ -7,6 +7,7 @@
 
 #include "app/AppController.h"
 #include "app/AppInfo.h"
+#include "app/CursorHider.h"
 #include "app/QuitSignals.h"
 #include "app/SingleInstance.h"
 #include "app/TarvelApp.h"
@@ -14,6 +15,7 @@
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixThreads.h"
 #include "platform/posix/StandardConsole.h"
+#include "platform/qt/DBusScreenInhibitor.h"
 #include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtImageDecoder.h"
 #include "platform/qt/QtRunLoop.h"
@@ -39,6 +41,7 @@ struct Ports {
   NotificationCenter notifications{mainLoop};
   ObserverCensus observerCensus;
   QtSoundPlayer sounds;
+  DBusScreenInhibitor screenInhibitor;
 
   Services services() {
     return {mainLoop, clock, pretendTime, files, http, images, threads, console, notifications};
@@ -96,8 +99,10 @@ int runTarvel() {
   }
   initAssets();
   const SystemAppearance appearance;
-  AppController controller(
-      {ports.services(), ports.workspace, ports.observerCensus, ports.sounds, folder, TARVEL_SERVER_URL});
+  CursorHider cursorHider(ports.mainLoop, ports.workspace);
+  AppController controller({ports.services(), ports.workspace, ports.observerCensus, ports.sounds, folder,
+                            TARVEL_SERVER_URL, kAppInfo, applicationWindowKinds(), &ports.screenInhibitor,
+                            &cursorHider});
   connectLifecycle(app, controller, instance);
   const QuitSignals quitSignals([] { QCoreApplication::quit(); });
   controller.applicationWillFinishLaunching();

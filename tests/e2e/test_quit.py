@@ -46,6 +46,32 @@ class QuitTest(ProgramTest):
                 self.assertEqual(ending, ["saveAppState", "File saved: " + self.state_path,
                                           "----- Quit Tarvel -----"])
 
+    def test_two_windows_come_back_each_as_it_was(self):
+        self.fill_catalogue()
+        state = self.read_state()
+        template = state["openWindows"][0]
+        chosen = [
+            dict(template, rinkID=RINK, currentPaneKind=1, scheduleViewOption=1, fitVertically=False,
+                 showSessionTimes=True, showRinks=False, showCalendar=False, dailyFontSizeMultiScroll=14.5),
+            dict(template, rinkID=14, currentPaneKind=2, showRinks=True, weeklyFontSizeFit=7.5,
+                 galleryViewPhotoHeight=180.0),
+            dict(template, rinkID=999_999, currentPaneKind=1, showRinks=False),
+        ]
+        state["openWindows"] = chosen
+        self.write_state(state)
+        for _ in range(2):
+            tarvel = self.start_tarvel()
+            tarvel.wait_for_line("next master refresh in ")
+            self.quit(tarvel)
+        windows = {window["rinkID"]: window for window in self.read_state()["openWindows"]}
+        kept = [key for key in chosen[0] if key != "frame"]
+        for window in chosen[:2]:
+            for key in kept:
+                if key in window:
+                    with self.subTest(rink=window["rinkID"], key=key):
+                        self.assertEqual(windows[window["rinkID"]][key], window[key])
+        self.assertTrue(windows[0]["showRinks"], "a window whose rink has gone shows the list")
+
     def test_the_state_file_has_its_keys_and_types(self):
         self.fill_rink(self.demo.rink(RINK))
         with open(self.state_path, "rb") as file:

@@ -1,0 +1,104 @@
+#include "todaywindow/KioskWindow.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+#include <memory>
+
+#include "platform/ScreenInhibitor.h"
+
+namespace tarvel {
+namespace {
+
+/// What all kiosk windows hold together.
+struct Holdings {
+  std::vector<std::string> screens;
+  std::unique_ptr<ScreenInhibitor::Hold> blanking;
+};
+
+Holdings& holdings() {
+  static Holdings all;
+  return all;
+}
+
+QScreen* screenNamed(const std::string& name) {
+  for (QScreen* screen : QGuiApplication::screens()) {
+    if (screen->name().toStdString() == name) return screen;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+KioskWindow::KioskWindow(ApplicationProtocol& application, const std::vector<KioskScreen>& screens)
+    : application_(application) {
+  if (!application.kioskMode()) return;
+  takeScreen(screens);
+  if (!kioskScreen_) return;
+  setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  coverScreen();
+  connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](const QScreen* screen) {
+    if (kioskScreen_ && screen->name().toStdString() == *kioskScreen_) coverScreen();
+  });
+}
+
+KioskWindow::~KioskWindow() {
+  releaseScreen();
+}
+
+const std::vector<std::string>& KioskWindow::screensInUse() {
+  return holdings().screens;
+}
+
+void KioskWindow::takeScreen(const std::vector<KioskScreen>& screens) {
+  Holdings& held = holdings();
+  for (const KioskScreen& screen : inKioskOrder(screens)) {
+    if (std::find(held.screens.begin(), held.screens.end(), screen.name) != held.screens.end()) continue;
+    kioskScreen_ = screen.name;
+    held.screens.push_back(screen.name);
+    if (ScreenInhibitor* inhibitor = application_.screenInhibitor(); inhibitor && !held.blanking)
+      held.blanking = inhibitor->inhibit("Showing today's schedule");
+    return;
+  }
+}
+
+void KioskWindow::coverScreen() {
+  QScreen* screen = screenNamed(*kioskScreen_);
+  if (!screen) return;  // it has gone; the window stays where the desktop has put it
+  connect(screen, &QScreen::geometryChanged, this, &KioskWindow::coverScreen, Qt::UniqueConnection);
+  // A full-screen window stays on its screen, whatever its frame.
+  if (QWindow* handle = windowHandle(); handle && handle->screen() != screen) {
+    setWindowState(windowState() & ~Qt::WindowFullScreen);
+    handle->setScreen(screen);
+  }
+  setScreen(screen);
+  setGeometry(screen->geometry());
+  setWindowState(windowState() | Qt::WindowFullScreen);
+}
+
+void KioskWindow::setFrame(const Rect& frame) {
+  if (!kioskScreen_) return Window::setFrame(frame);
+  coverScreen();
+}
+
+void KioskWindow::performClose() {
+  const bool optionHeld = QGuiApplication::keyboardModifiers() & Qt::AltModifier;
+  if (application_.kioskMode() && restrictClosing && !optionHeld) return;
+  Window::performClose();
+}
+
+void KioskWindow::close() {
+  releaseScreen();
+  Window::close();
+}
+
+void KioskWindow::releaseScreen() {
+  if (!kioskScreen_) return;
+  Holdings& held = holdings();
+  std::erase(held.screens, *kioskScreen_);
+  kioskScreen_.reset();
+  if (held.screens.empty()) held.blanking.reset();
+}
+
+}  // namespace tarvel

@@ -1,0 +1,69 @@
+#include "app/CursorHider.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+
+#include "support/SimWorld.h"
+
+namespace tarvel {
+namespace {
+
+struct WakingWorkspace : Workspace {
+  struct Sub : Subscription {};
+  bool openUrl(const std::string&) override { return false; }
+  bool openLocation(double, double) override { return false; }
+  std::unique_ptr<Subscription> onWake(std::function<void()> handler) override {
+    wake = std::move(handler);
+    return std::make_unique<Sub>();
+  }
+  std::function<void()> wake;
+};
+
+TEST(CursorHider, HidesWhenNobodyTouchesTheMachineAndShowsAtAMove) {
+  SimWorld world;
+  WakingWorkspace workspace;
+  CursorHider hider(world.mainLoop(), workspace);
+  QWidget view;
+  view.setMouseTracking(true);
+  view.show();
+  int at = 0;
+  const auto move = [&] { QTest::mouseMove(&view, {++at, 5}); };
+  const auto blank = [] {
+    const QCursor* cursor = QApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::BlankCursor;
+  };
+  move();
+  world.runFor(60.0);
+  EXPECT_FALSE(blank()) << "not asked for";
+
+  hider.setEnableCursorHiding(CursorHiding::on);
+  EXPECT_EQ(hider.secondsUntilHiding(), 10.0);
+  world.runFor(0.5);
+  move();
+  EXPECT_EQ(hider.secondsUntilHiding(), 9.5) << "too soon after the last to set it again";
+  world.runFor(1.0);
+  move();
+  EXPECT_EQ(hider.secondsUntilHiding(), 10.0);
+  world.runFor(9.9);
+  EXPECT_FALSE(blank());
+  world.runFor(0.2);
+  EXPECT_TRUE(blank());
+  QTest::keyClick(&view, Qt::Key_A);
+  EXPECT_TRUE(blank()) << "a key alone doesn't show it";
+  EXPECT_EQ(hider.secondsUntilHiding(), 10.0) << "but begins the wait anew";
+  move();
+  EXPECT_FALSE(blank());
+  world.runFor(10.1);
+  workspace.wake();
+  EXPECT_TRUE(blank()) << "after sleep it stays hidden until it moves";
+  EXPECT_EQ(hider.secondsUntilHiding(), 10.0);
+  hider.setEnableCursorHiding(CursorHiding::off);
+  EXPECT_FALSE(blank());
+  world.runFor(60.0);
+  EXPECT_FALSE(blank());
+}
+
+}  // namespace
+}  // namespace tarvel
