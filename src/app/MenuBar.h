@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "app/MenuTable.h"
-#include "foundation/InstanceCounter.h"
 
 namespace tarvel {
 

@@ -14,6 +14,7 @@
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixThreads.h"
+#include "platform/posix/ServiceWatchdog.h"
 #include "platform/posix/StandardConsole.h"
 #include "platform/qt/DBusScreenInhibitor.h"
 #include "platform/qt/QtHttpClient.h"
@@ -112,6 +113,7 @@ int runTarvel() {
   ports.mainLoop.post([&controller] {
     if (controller.firstActivation) controller.applicationDidBecomeActive();
   });
+  const ServiceWatchdog watchdog(ports.mainLoop, ServiceWatchdog::requestOfEnvironment());
   const int status = QApplication::exec();
   app.quitRequested = nullptr;
   app.disconnect();

@@ -7,6 +7,7 @@
 #include <QSplitter>
 #include <algorithm>
 
+#include "auxwindows/FirstPlace.h"
 #include "auxwindows/InstanceTable.h"
 #include "auxwindows/TextButton.h"
 #include "foundation/TextFormats.h"
@@ -67,7 +68,7 @@ void DebugWindowController::makeViews() {
   column->addLayout(controls);
   column->addWidget(splitView_, 1);
   window()->setFrameLimits({kLeastLeftWidth + kDividerWidth + kLeastRightWidth, kLeastHeight}, {});
-  window()->resize(int(kFirstSize.width), int(kFirstSize.height));
+  placeInMiddle(*window(), kFirstSize);
 }
 
 void DebugWindowController::makeControls(QHBoxLayout& row) {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QScrollArea>
 
+#include "auxwindows/FirstPlace.h"
 #include "auxwindows/TextButton.h"
 #include "foundation/TextFormats.h"
 
@@ -69,7 +70,7 @@ void LogWindowController::makeViews() {
   column->addWidget(&logView_->scrollArea(), 1);
   column->addLayout(buttons);
   window()->setFrameLimits(kLeastSize, {});
-  window()->resize(int(kFirstSize.width), int(kFirstSize.height));
+  placeInMiddle(*window(), kFirstSize);
   logView_->setFocus();
 }
 

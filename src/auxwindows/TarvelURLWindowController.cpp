@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "auxwindows/FirstPlace.h"
 #include "auxwindows/TextButton.h"
 #include "ui/Fonts.h"
 #include "ui/NamedColors.h"
@@ -12,7 +13,7 @@
 namespace tarvel {
 namespace {
 
-constexpr int kWidth = 480;
+constexpr double kWidth = 480.0;
 constexpr int kMargin = 20;
 constexpr int kSpacing = 8;
 constexpr int kFieldMargin = 4;
@@ -105,7 +106,7 @@ void TarvelURLWindowController::makeViews() {
   column->addWidget(messageField_);
   column->addStretch(1);
   column->addLayout(buttons);
-  window()->resize(kWidth, column->sizeHint().height() + kMargin);
+  placeInMiddle(*window(), {kWidth, double(column->sizeHint().height() + kMargin)});
 }
 
 void TarvelURLWindowController::connectViews() {

@@ -75,7 +75,14 @@ std::shared_ptr<const Image> Photo::loadStored(std::int64_t version) const {
   const auto rink = rinkData.lock();
   const Result<Bytes> content =
       rink->services().files.read(join(rink->photosFolderPath(), fileName(version)));
-  return content ? rink->services().images.decode(*content) : nullptr;
+  return content ? decode(*content, version, rink->services().images) : nullptr;
+}
+
+std::shared_ptr<const Image> Photo::decode(ByteView file, std::int64_t version, ImageDecoder& decoder) const {
+  const Size size = record(version).size;
+  // Sizes of no meaning limit nothing; the decoder has its own limits.
+  if (!(size.width >= 1.0 && size.height >= 1.0)) return decoder.decode(file);
+  return decoder.decodeWithin(file, size);
 }
 
 bool Photo::isCurrent(std::int64_t version) const {

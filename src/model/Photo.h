@@ -67,6 +67,9 @@ class Photo : public std::enable_shared_from_this<Photo>, Counted<Photo> {
   /// a neighbouring version's image, or null, is given meanwhile; "photo image changed" follows. Returns at
   /// once. A version that the photo lacks stops the program.
   std::shared_ptr<const Image> image(std::int64_t version);
+  /// The image in a file of that version; null if it is none. One that is larger than the server says is
+  /// scaled down to that.
+  std::shared_ptr<const Image> decode(ByteView file, std::int64_t version, ImageDecoder& decoder) const;
   DownloadStatus downloadStatus(std::int64_t version) const;
   /// Both post "photo image changed".
   void setImage(std::shared_ptr<const Image> image, std::int64_t version);

@@ -20,6 +20,9 @@ class ImageDecoder {
   /// Decodes a PNG or JPEG file; null if it is none, is damaged, or is larger than 16,384 pixels either way
   /// or 128 MiB decoded. Main thread.
   virtual std::shared_ptr<const Image> decode(ByteView file) = 0;
+  /// The same for a picture that is wanted in `largest` pixels at most, which are 1 or more either way: one
+  /// that turns out larger is scaled down to fit, in its proportions, where the decoder can do that.
+  virtual std::shared_ptr<const Image> decodeWithin(ByteView file, Size /*largest*/) { return decode(file); }
 };
 
 }  // namespace tarvel

@@ -39,7 +39,7 @@ void RinkRefresh::photoCollectionFileReceived(ByteView body) {
 
 void RinkRefresh::photoFileReceived(Photo& photo, std::int64_t version, ByteView body) {
   const std::string name = photo.fileName(version);
-  std::shared_ptr<const Image> image = services_.images.decode(body);
+  std::shared_ptr<const Image> image = photo.decode(body, version, services_.images);
   if (!image) {
     photo.setDownloadStatus({DownloadStatus::Kind::invalidData, {}}, version);
     logError(DownloadErrorKind::invalidData, "Invalid data for photo " + name);

@@ -36,10 +36,10 @@ double widestOf(const std::set<std::string>& texts, const TextAttributes& attrib
 /// one line without: half a time would be another time.
 AttributedText timesOf(const ScheduleItem& item, const Rect& rect, const TextAttributes& attributes) {
   std::string times = itemTimesText(item);
-  const AttributedText oneLine(times, attributes);
+  AttributedText oneLine(times, attributes);
   if (boundingRect(oneLine, {}, TextFit::wrap).width <= rect.width) return oneLine;
   times.replace(times.find(kTimesSeparator), kTimesSeparator.size(), " -\n");
-  const AttributedText twoLines(times, attributes);
+  AttributedText twoLines(times, attributes);
   if (boundingRect(twoLines, {rect.width, 0.0}, TextFit::wrap).height <= rect.height) return twoLines;
   return {itemClockText(item), attributes};
 }

@@ -38,6 +38,25 @@ TEST(QtImageDecoder, GivesThePictureOfWholeFiles) {
   EXPECT_EQ(jpeg->pixelSize(), (Size{60, 40}));
 }
 
+TEST(QtImageDecoder, ScalesDownToWhatIsWanted) {
+  QtImageDecoder decoder;
+  const struct {
+    Size wanted;
+    Size given;
+  } cases[] = {{{100, 100}, {100, 50}},   {{400, 200}, {400, 200}},   {{900, 900}, {400, 200}},
+               {{400, 100}, {200, 100}},  {{399.5, 200}, {400, 200}}, {{1, 1}, {1, 1}},
+               {{1e300, 1e9}, {400, 200}}};
+  for (const char* format : {"PNG", "JPG"}) {
+    const Bytes file = encoded(patterned(400, 200), format);
+    for (const auto& c : cases) {
+      const auto image = decoder.decodeWithin(file, c.wanted);
+      ASSERT_TRUE(image) << format;
+      EXPECT_EQ(image->pixelSize(), c.given) << format << " " << c.wanted.width;
+    }
+    EXPECT_FALSE(decoder.decodeWithin(ByteView(file).first(file.size() / 2), {100, 100})) << format;
+  }
+}
+
 TEST(QtImageDecoder, RefusesOtherFormatsAndDamage) {
   QtImageDecoder decoder;
   const QImage picture = patterned(200, 150);

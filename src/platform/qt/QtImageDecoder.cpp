@@ -4,6 +4,8 @@
 #include <QImageReader>
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <optional>
 
 #include "platform/qt/QtImage.h"
 
@@ -34,9 +36,20 @@ bool isWholeJpeg(ByteView file) {
   return std::search(scan, file.end(), kEnd.begin(), kEnd.end()) != file.end();
 }
 
-}  // namespace
+/// Has the reader give no more than that many pixels, which costs it less than all of them.
+void limitSize(QImageReader& reader, Size largest) {
+  const auto side = [](double pixels) {
+    return static_cast<int>(std::clamp(std::ceil(pixels), 1.0, double{kLargestSide}));
+  };
+  QSize limit(side(largest.width), side(largest.height));
+  // The size is that of the file, before the picture is turned upright.
+  if (reader.transformation() & QImageIOHandler::TransformationRotate90) limit.transpose();
+  const QSize size = reader.size();
+  if (size.width() <= limit.width() && size.height() <= limit.height()) return;
+  reader.setScaledSize(size.scaled(limit, Qt::KeepAspectRatio).expandedTo({1, 1}));
+}
 
-std::shared_ptr<const Image> QtImageDecoder::decode(ByteView file) {
+std::shared_ptr<const Image> decoded(ByteView file, std::optional<Size> largest) {
   QByteArray bytes =
       QByteArray::fromRawData(reinterpret_cast<const char*>(file.data()), qsizetype(file.size()));
   QBuffer buffer(&bytes);
@@ -47,11 +60,22 @@ std::shared_ptr<const Image> QtImageDecoder::decode(ByteView file) {
   const QByteArray format = reader.format();
   if (format != "png" && format != "jpeg") return nullptr;
   if (!hasAllowedSize(reader) || (format == "jpeg" && !isWholeJpeg(file))) return nullptr;
+  if (largest) limitSize(reader, *largest);
   QImage picture = reader.read();
   if (picture.isNull()) return nullptr;
   // The one form that is drawn without a conversion each time.
   const auto drawn = picture.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
   return std::make_shared<QtImage>(std::move(picture).convertToFormat(drawn));
+}
+
+}  // namespace
+
+std::shared_ptr<const Image> QtImageDecoder::decode(ByteView file) {
+  return decoded(file, std::nullopt);
+}
+
+std::shared_ptr<const Image> QtImageDecoder::decodeWithin(ByteView file, Size largest) {
+  return decoded(file, largest);
 }
 
 }  // namespace tarvel

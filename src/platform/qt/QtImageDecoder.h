@@ -8,6 +8,7 @@ namespace tarvel {
 class QtImageDecoder final : public ImageDecoder {
  public:
   std::shared_ptr<const Image> decode(ByteView file) override;
+  std::shared_ptr<const Image> decodeWithin(ByteView file, Size largest) override;
 };
 
 }  // namespace tarvel
