@@ -9,7 +9,8 @@ namespace {
 
 using Controller = MainWindowController;
 
-/// A command of the window's, and whether it can be given now.
+/// A command of the window's, and whether it can be given now. Of all, only printing may be refused; the
+/// others do nothing where they have no meaning.
 struct WindowCommand {
   std::string_view action;
   void (*perform)(Controller&, int tag);
@@ -18,16 +19,6 @@ struct WindowCommand {
 
 CommandState always(const Controller&, int) {
   return {};
-}
-
-CommandState onSchedule(const Controller& window, int) {
-  return {window.currentPaneKind() == MainWindowPane::schedule && window.currentRinkData() != nullptr};
-}
-
-CommandState whereThereArePages(const Controller& window, int) {
-  const bool paged = window.currentPaneKind() == MainWindowPane::schedule ||
-                     window.currentPaneKind() == MainWindowPane::photos;
-  return {paged && window.currentRinkData() != nullptr};
 }
 
 CommandState paneState(const Controller& window, int tag) {
@@ -48,11 +39,11 @@ constexpr std::array<WindowCommand, 12> kCommands{{
      [](const Controller& w, int) {
        return CommandState{true, std::nullopt, w.sidebars().showCalendar};
      }},
-    {"prev:", [](Controller& w, int) { w.prev(); }, whereThereArePages},
-    {"next:", [](Controller& w, int) { w.next(); }, whereThereArePages},
-    {"gotoNow:", [](Controller& w, int) { w.gotoNow(); }, onSchedule},
-    {"increaseTextSize:", [](Controller& w, int) { w.schedule().increaseTextSize(); }, onSchedule},
-    {"decreaseTextSize:", [](Controller& w, int) { w.schedule().decreaseTextSize(); }, onSchedule},
+    {"prev:", [](Controller& w, int) { w.prev(); }, always},
+    {"next:", [](Controller& w, int) { w.next(); }, always},
+    {"gotoNow:", [](Controller& w, int) { w.gotoNow(); }, always},
+    {"increaseTextSize:", [](Controller& w, int) { w.schedule().increaseTextSize(); }, always},
+    {"decreaseTextSize:", [](Controller& w, int) { w.schedule().decreaseTextSize(); }, always},
     {"visitWebsite:", [](Controller& w, int) { w.infoPane().visitWebsite(); }, always},
     {"locateOnMap:", [](Controller& w, int) { w.infoPane().locateOnMap(); }, always},
 }};

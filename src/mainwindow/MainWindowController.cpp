@@ -4,6 +4,8 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include "platform/FatalError.h"
+
 namespace tarvel {
 namespace {
 
@@ -137,6 +139,7 @@ void MainWindowController::updateRinkContent() {
 // The user's commands.
 
 void MainWindowController::selectPane(MainWindowPane kind) {
+  if (static_cast<std::size_t>(kind) >= panes_.size()) fatalError("no such pane");
   if (kind == currentPaneKind_) return;
   selectPaneKind(kind);
   context_.application.markChanged();

@@ -1,6 +1,8 @@
 #include "mainwindow/MainWindowSettings.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace tarvel {
 namespace {
@@ -40,6 +42,15 @@ constexpr std::array<Key<std::optional<double>, ScheduleFontSizes>, 6> kFontSize
     {"dailyFontSizeMultiScroll", &ScheduleFontSizes::dailyFontSizeMultiScroll},
 }};
 
+/// A size that the user can have set; steps from an odd size lead past the limits by less than one step. What
+/// a damaged file holds could not be set right by the buttons.
+std::optional<double> fontSizeAt(const PropertyList::Dictionary& dictionary, const char* key) {
+  constexpr double kStep = ScheduleFontSizes::kStep;
+  const auto size = realAt(dictionary, key);
+  if (!size || std::isnan(*size)) return std::nullopt;
+  return std::clamp(*size, ScheduleFontSizes::kSmallest - kStep, ScheduleFontSizes::kLargest + kStep);
+}
+
 }  // namespace
 
 PropertyList::Dictionary MainWindowSettings::dictionary() const {
@@ -65,8 +76,8 @@ void MainWindowSettings::readFrom(const PropertyList::Dictionary& dictionary) {
     scheduleViewOption = static_cast<ScheduleViewOption>(*option);
   }
   // The older keys first, so that the present ones win.
-  if (const auto size = realAt(dictionary, kOldFontSizeFit)) fontSizes.weeklyFontSizeFit = *size;
-  if (const auto size = realAt(dictionary, kOldFontSizeScroll)) fontSizes.weeklyFontSizeScroll = *size;
+  if (const auto size = fontSizeAt(dictionary, kOldFontSizeFit)) fontSizes.weeklyFontSizeFit = *size;
+  if (const auto size = fontSizeAt(dictionary, kOldFontSizeScroll)) fontSizes.weeklyFontSizeScroll = *size;
   for (const auto& key : kBooleans) {
     if (const auto value = booleanAt(dictionary, key.name)) this->*key.member = *value;
   }
@@ -74,7 +85,7 @@ void MainWindowSettings::readFrom(const PropertyList::Dictionary& dictionary) {
     if (const auto value = realAt(dictionary, key.name)) this->*key.member = *value;
   }
   for (const auto& key : kFontSizes) {
-    if (const auto value = realAt(dictionary, key.name)) fontSizes.*key.member = *value;
+    if (const auto value = fontSizeAt(dictionary, key.name)) fontSizes.*key.member = *value;
   }
 }
 

@@ -61,8 +61,10 @@ void RinkSidebar::updateTexts() {
   explanation_->setTextUtf8(empty ? emptyListText(dataModel_, dataModel_.tarvelServerURL) : std::string());
   if (empty) {
     rinkListOrExplanation_->setCurrentWidget(explanation_);
-  } else {
+  } else if (rinkListOrExplanation_->currentWidget() != rinkListScroller_) {
     rinkListOrExplanation_->setCurrentWidget(rinkListScroller_);
+    // While it was hidden, the keyboard that was meant for it went to some control beside it.
+    if (rinkListView_->enabled) rinkListView_->setFocus();
   }
 }
 

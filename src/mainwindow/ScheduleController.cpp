@@ -100,7 +100,7 @@ void ScheduleController::updateRinkContent() {
 }
 
 void ScheduleController::logoChanged() {
-  sidebar().update();
+  sidebar().redrawLogo();
 }
 
 void ScheduleController::venuesChanged() {

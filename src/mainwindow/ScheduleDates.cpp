@@ -82,6 +82,7 @@ void ScheduleController::changeCalendarDate() {
 }
 
 void ScheduleController::gotoNow() {
+  if (currentDate_ == kNoDate) return;  // no rink has told what day it is
   pagingView().finishGlide();
   displayDate_ = clamped(currentDate_);
   const PackedDate before = calendarView().currentDate();

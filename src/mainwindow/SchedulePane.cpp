@@ -49,6 +49,7 @@ QWidget* SchedulePane::makeScheduleArea(const WindowContext& context, ScheduleVi
   scroller_ = new QScrollArea(box);
   scroller_->setFrameShape(QFrame::NoFrame);
   scroller_->setFocusPolicy(Qt::TabFocus);
+  box->showFocusOf(*scroller_);
   scroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   schedulePagingView_ = new PagingView(context);
   scroller_->setWidget(schedulePagingView_);

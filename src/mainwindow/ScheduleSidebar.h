@@ -30,6 +30,8 @@ class ScheduleSidebar : public QWidget {
 
   /// Called at each drawing. An empty one, before what it refers to goes, shows none.
   void setLogoProvider(ImageDisplayView::ImageProvider provider);
+  /// The provider has another image; nothing but the logo is drawn anew.
+  void redrawLogo() { scheduleLogoView_->update(); }
   void setOption(ScheduleViewOption option);
   /// In the order in which they are to stand.
   void setVenues(const std::vector<VenueChoice>& venues, VenueButtonKind kind);

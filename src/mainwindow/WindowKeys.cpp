@@ -26,7 +26,7 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
       break;
   }
   const bool command = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-  if (!key.text().isEmpty() && key.text().front().isPrint() && !command) sounds_.playSound(kTinkSound);
+  if (!key.text().isEmpty() && !command) sounds_.playSound(kTinkSound);
   return false;
 }
 

@@ -9,7 +9,8 @@ class QWidget;
 namespace tarvel {
 
 /// The keys of a main window that nothing in it has taken: the arrows to the left and right, Escape, and for
-/// any other character the sound of a key that means nothing here. Main thread.
+/// any other that types a character, Return and Backspace among them, the sound of a key that means nothing
+/// here. Main thread.
 class WindowKeys : public QObject {
   Q_OBJECT
  public:

@@ -9,12 +9,6 @@ namespace tarvel {
 
 namespace {
 
-QPixmap pictureOf(PagedView& page, const QRect& band) {
-  // A page that came round a moment ago may still wait for the idle loop; the turn doesn't.
-  if (page.isAwaitingData && page.isPresented()) page.performUpdates();
-  return page.grab(band);
-}
-
 void paintPage(QPainter& painter, const QPixmap& picture, const PagePlace& place) {
   if (picture.isNull() || place.alpha <= 0.0) return;
   painter.setOpacity(place.alpha);
@@ -30,9 +24,9 @@ PageTurnView::PageTurnView(QWidget* parent) : QWidget(parent) {
 }
 
 void PageTurnView::begin(PagedView& previous, PagedView& current, PagedView& next, const QRect& band) {
-  previous_ = pictureOf(previous, band);
-  current_ = pictureOf(current, band);
-  next_ = pictureOf(next, band);
+  previous_ = previous.grab(band);
+  current_ = current.grab(band);
+  next_ = next.grab(band);
   setGeometry(band);
   raise();
   show();

@@ -15,7 +15,7 @@ class PageTurnView : public QWidget {
  public:
   explicit PageTurnView(QWidget* parent);
 
-  /// Takes the pictures, of `band` in the pages' coordinates, and shows itself there.
+  /// Takes the pictures of the pages as they are, of `band` in their coordinates, and shows itself there.
   void begin(PagedView& previous, PagedView& current, PagedView& next, const QRect& band);
   void setPlaces(const PagePlaces& places);
   void end();

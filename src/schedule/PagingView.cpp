@@ -231,11 +231,21 @@ bool PagingView::gesture(double amount) {
     turn(step.turn == PageTurn::toNext ? Way::next : Way::previous);
     return true;
   }
+  if (amount_ == 0.0 && !bringUpToDate()) return false;
   if (amount_ == 0.0) pictures_->begin(*prevView_, *currView_, *nextView_, bandInSight());
   amount_ = amount;
   places_ = step.places;
   pictures_->setPlaces(places_);
   return false;
+}
+
+bool PagingView::bringUpToDate() {
+  const bool gliding = animation_->state() == QAbstractAnimation::Running;
+  // What a page reads may have the pages take another size, which ends a glide and turns them round.
+  for (PagedView* page : {prevView_, currView_, nextView_}) {
+    if (page->isAwaitingData && page->isPresented()) page->performUpdates();
+  }
+  return !gliding || animation_->state() == QAbstractAnimation::Running;
 }
 
 bool PagingView::isTurning() const {

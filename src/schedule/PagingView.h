@@ -88,6 +88,9 @@ class PagingView : public QWidget, private Counted<PagingView> {
   void turn(Way way);
   void glide(Way way);
   void endTurn();
+  /// Before pictures are taken: a page that came round a moment ago may still wait for the idle loop, and
+  /// the turn doesn't. False if that has ended the glide.
+  bool bringUpToDate();
   void removePages();
 
   PagingViewDelegateProtocol* delegate_ = nullptr;

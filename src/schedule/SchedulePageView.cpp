@@ -73,6 +73,8 @@ void SchedulePageView::setChosenRink(const std::shared_ptr<RinkData>& rink) {
 bool SchedulePageView::setDayRange(const DayRange& range) {
   if (range == pageInput_.dayRange) return false;
   pageInput_.dayRange = range;
+  // Where the day fits the height, the page keeps its size, which would have told it otherwise.
+  adjustSize();
   return true;
 }
 

@@ -22,7 +22,7 @@ class SchedulePageView : public PagedView {
   Q_OBJECT
  public:
   void setChosenRink(const std::shared_ptr<RinkData>& rink);
-  /// The span of the axis; true if it is another one than before.
+  /// The span of the axis; true if it is another one than before, by which the page is then laid out.
   bool setDayRange(const DayRange& range);
   /// The span that the items of this page need.
   virtual DayRange dayRange() const = 0;

@@ -97,8 +97,9 @@ class PrintedPage {
     }
   }
 
+  /// Above the columns, which begin after the layout's own left margin as well.
   void paintDayHeadings(const DailyLayout& layout, const Venues& venues) {
-    Rect rect{kSheetLeftMargin + DailyLayout::kLabelColumn,
+    Rect rect{kSheetLeftMargin + layout.grid().left,
               kSheetTopMargin - kSheetRinkNameRise - kDailyHeadingHeight,
               layout.columnWidth() * static_cast<double>(venues.size()), kDailyHeadingHeight};
     write(rect, rinkName(), kSheetRinkNameAttributes);

@@ -55,6 +55,8 @@ bool SwipeGestureController::wheel(const QWheelEvent& event) {
   // Some platforms turn the axes round themselves while a modifier is held.
   const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
   const int sideways = units.x() != 0 ? units.x() : shift ? units.y() : 0;
+  // A fine wheel tells parts of a notch, each of which is no page of its own.
+  if (sideways % kNotch != 0) return trackpad(event, QPointF(sideways, 0) * kPixelsPerUnit);
   if (sideways == 0) return false;
   if (sideways < 0) {
     pagingView_->glideToNext();

@@ -66,7 +66,10 @@ TodayOptionsPopoverViewController::TodayOptionsPopoverViewController(const Windo
   const auto on = [this](NotificationName name, NotificationCenter::Handler handler) {
     observations_.push_back(context_.services.notifications.observe(name, std::move(handler)));
   };
-  on(kRinkListChanged, [this](const Notification&) { rinkListChanged(); });
+  on(kRinkListChanged, [this](const Notification&) {
+    rinkListChanged();
+    venuesChanged();  // the window's rink may have left the list, and its venues go with it
+  });
   on(kVenuesChanged, [this](const Notification& notification) {
     const auto rink = window_.chosenRink();
     if (rink && notification.object.is(rink.get())) venuesChanged();

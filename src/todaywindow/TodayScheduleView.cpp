@@ -10,6 +10,15 @@
 #include "todaywindow/TodayPainter.h"
 
 namespace tarvel {
+namespace {
+
+/// Also tells one that no longer exists from none.
+template <typename T>
+bool isSame(const std::weak_ptr<T>& held, const std::shared_ptr<T>& other) {
+  return !held.owner_before(other) && !other.owner_before(held);
+}
+
+}  // namespace
 
 TodayScheduleView::TodayScheduleView(const WindowContext& context, QWidget* parent)
     : DataLoadingView(context.services.notifications, parent),
@@ -52,7 +61,8 @@ void TodayScheduleView::weeklyScheduleChanged(const Notification& notification) 
 
 void TodayScheduleView::setChosen(const std::shared_ptr<RinkData>& rink,
                                   const std::shared_ptr<Venue>& venue) {
-  if (rink == chosenRink_.lock() && venue == chosenVenue_.lock()) return;
+  // One that has gone meanwhile differs from none: what it showed is to be cleared.
+  if (isSame(chosenRink_, rink) && isSame(chosenVenue_, venue)) return;
   chosenRink_ = rink;
   chosenVenue_ = venue;
   needsData();

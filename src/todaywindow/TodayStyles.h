@@ -15,7 +15,7 @@ struct TodayStyles {
   TextAttributes time{kSmallestSize, FontWeight::regular, kBlack, kCentredStyle};
   TextAttributes note{kSmallestSize, FontWeight::regular, white(1.0 / 3.0)};
   TextAttributes resurface{kSmallestSize, FontWeight::regular, white(0.4)};
-  TextAttributes resurfaceTime{kSmallestSize, FontWeight::regular, white(0.4), kCentredStyle};
+  TextAttributes resurfaceTime{kSmallestSize, FontWeight::regular, white(0.4)};
 
   /// The sizes of a mode that has just been switched to; the times of a resurfacing keep theirs.
   void switchTo(double baseSize);

@@ -54,6 +54,8 @@ TodayWindowController::~TodayWindowController() {
 
 void TodayWindowController::connectControls() {
   views_->logoView().setImageProvider([this] { return logo(); });
+  // A rink may have a logo for one appearance alone.
+  views_->appearanceChanged = [this] { updateLogo(); };
   const auto on = [this](const IconButton& button, auto action) {
     QObject::connect(&button, &QPushButton::clicked, window(), std::move(action));
   };

@@ -155,6 +155,7 @@ void TodayWindowController::closeParts() {
   if (optionsPopover_) optionsPopover_->close();
   todayScheduleView().close();
   views_->logoView().setImageProvider({});
+  views_->appearanceChanged = nullptr;
 }
 
 }  // namespace tarvel

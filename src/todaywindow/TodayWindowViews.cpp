@@ -1,5 +1,6 @@
 #include "todaywindow/TodayWindowViews.h"
 
+#include <QEvent>
 #include <QScrollBar>
 
 namespace tarvel {
@@ -35,6 +36,11 @@ void TodayWindowViews::makeBand() {
   refreshButton_ = new IconButton("refresh", QStringLiteral("Last and next refresh"), this);
   gearButton_ = new IconButton("gear", QStringLiteral("Options"), this);
   closeWindowButton_ = new IconButton("close", QStringLiteral("Close this window"), this);
+}
+
+void TodayWindowViews::changeEvent(QEvent* event) {
+  BoxView::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && appearanceChanged) appearanceChanged();
 }
 
 void TodayWindowViews::resizeEvent(QResizeEvent* event) {

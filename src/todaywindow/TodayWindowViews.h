@@ -1,5 +1,6 @@
 #pragma once
 #include <QScrollArea>
+#include <functional>
 
 #include "todaywindow/HeadlineField.h"
 #include "todaywindow/TodayScheduleView.h"
@@ -34,8 +35,11 @@ class TodayWindowViews : public BoxView {
   void showLogo(bool shown);
   /// Both empty shows nothing.
   void setNames(const std::string& rinkName, const std::string& venueName);
+  /// Called when the views have become light or dark, by the desktop's choice or the window's.
+  std::function<void()> appearanceChanged;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

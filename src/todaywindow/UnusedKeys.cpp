@@ -4,6 +4,21 @@
 #include <QWidget>
 
 namespace tarvel {
+namespace {
+
+bool isModifier(int key) {
+  return key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock;
+}
+
+/// What is beyond the function keys serves the desktop: menus, volume, and the like.
+bool meansNothing(const QKeyEvent& key) {
+  if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+  if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) return false;
+  if (!key.text().isEmpty()) return true;
+  return key.key() >= Qt::Key_Escape && key.key() <= Qt::Key_F35 && !isModifier(key.key());
+}
+
+}  // namespace
 
 UnusedKeys::UnusedKeys(QWidget& window, SoundPlayer& sounds) : sounds_(sounds) {
   window.installEventFilter(this);
@@ -11,9 +26,7 @@ UnusedKeys::UnusedKeys(QWidget& window, SoundPlayer& sounds) : sounds_(sounds) {
 
 bool UnusedKeys::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
-  const auto& key = static_cast<const QKeyEvent&>(*event);
-  const bool command = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-  if (!key.text().isEmpty() && key.text().front().isPrint() && !command) sounds_.playSound(kTinkSound);
+  if (meansNothing(static_cast<const QKeyEvent&>(*event))) sounds_.playSound(kTinkSound);
   return false;
 }
 

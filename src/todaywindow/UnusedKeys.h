@@ -7,8 +7,9 @@ class QWidget;
 
 namespace tarvel {
 
-/// Plays the sound of a key that means nothing here for the characters that nothing in a window has taken.
-/// Main thread.
+/// Plays the sound of a key that means nothing here for the keys that nothing in a window has taken: those
+/// that type, that move a caret, and the function keys. Modifiers by themselves, combinations that are
+/// commands, and the keys that move the focus stay silent. Main thread.
 class UnusedKeys : public QObject {
   Q_OBJECT
  public:

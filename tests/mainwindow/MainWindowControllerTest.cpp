@@ -27,6 +27,7 @@ TEST_F(MainWindowControllerTest, aFirstStartTellsWhatGoesOnAndThenShowsAllRinks)
   settle();
   settle();
   EXPECT_EQ(sidebar.emptyListMessage(), "");
+  EXPECT_EQ(controller->window()->focusWidget(), &sidebar.rinkListView());
   EXPECT_EQ(sidebar.rinkListView().height(), 30 * 76) << "all of them can be reached";
 }
 

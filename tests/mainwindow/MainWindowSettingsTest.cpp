@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <utility>
 
 namespace tarvel {
@@ -35,6 +36,8 @@ TEST(MainWindowSettings, comeBackAsWrittenWithOnlyTheFontSizesThatAreSet) {
 TEST(MainWindowSettings, takesWhatFitsOfAForeignDictionary) {
   MainWindowSettings wide;
   wide.fontSizes.weeklyFontSizeFit = 11.0;
+  MainWindowSettings largest;
+  largest.fontSizes.weeklyFontSizeFit = 24.5;
   const std::pair<Dictionary, MainWindowSettings> cases[] = {
       {{{"rinkID", "7"},
         {"fitVertically", 0},
@@ -47,7 +50,9 @@ TEST(MainWindowSettings, takesWhatFitsOfAForeignDictionary) {
       {{{"currentPaneKind", -1}}, {}},
       {{{"weeklyFontSizeFit", 11}}, wide},
       {{{"fontSizeFit", 11.0}}, wide},
-      {{{"fontSizeFit", 10.0}, {"weeklyFontSizeFit", 11.0}}, wide}};
+      {{{"fontSizeFit", 10.0}, {"weeklyFontSizeFit", 11.0}}, wide},
+      {{{"weeklyFontSizeFit", std::nan("")}}, {}},
+      {{{"fontSizeFit", 1e300}}, largest}};
   for (const auto& [dictionary, expected] : cases) EXPECT_EQ(read(dictionary), expected);
 }
 

@@ -205,6 +205,8 @@ TEST_F(ScheduleControllerTest, keysThatMeanNothingAreHeard) {
   QTest::keyClick(controller->window(), Qt::Key_Left);
   QTest::keyClick(controller->window(), Qt::Key_F7);
   EXPECT_EQ(world.sounds.played.size(), 1U);
+  QTest::keyClick(controller->window(), Qt::Key_Return);
+  EXPECT_EQ(world.sounds.played.size(), 2U);
 }
 
 }  // namespace

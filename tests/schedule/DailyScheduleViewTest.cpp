@@ -169,6 +169,7 @@ TEST_F(DailyScheduleViewTest, tellsWhatIsUnderTheMouseAndWhatIsClicked) {
   EXPECT_EQ(view->mouseItem(), nullptr);
   EXPECT_EQ(infoAt(450, 300), "") << "an empty column";
   view->setDayRange({300, 1530});
+  EXPECT_EQ(view->layout().grid().axis.endOfDay, 1530) << "laid out anew in the same size";
   for (QWidget* widget : std::initializer_list<QWidget*>{&window, &scroller, view})
     widget->resize(kWidth, 642);
   EXPECT_EQ(infoAt(200, 600), "Thursday\n3/19/26\n12:15 am - 1:15 am\n(1 hr)\n\nRental");

@@ -83,10 +83,14 @@ class Page : public PagedView {
   void pageDidChangeSettings() override {}
   void pageDidBecomeCurrent() override { ++timesCurrent; }
   void close() override { isClosing = true; }
-  void loadData() override { isAwaitingData = false; }
+  void loadData() override {
+    isAwaitingData = false;
+    if (resizesPages) pagingView()->adjustSize();
+  }
 
   int number = 0;
   double wanted = 0;
+  bool resizesPages = false;  ///< what it has read needs another size
   int timesCurrent = 0;
 
  protected:
@@ -208,6 +212,15 @@ TEST_F(PagingTest, GlidesAndLosesNoTurn) {
   EXPECT_EQ(pixel(50), QColor(8 * 20, 0, 0));
 }
 
+TEST_F(PagingTest, APageThatIsReadDuringAGlideMayEndIt) {
+  static_cast<Page*>(view->currView())->resizesPages = true;
+  view->glideToNext();
+  view->currView()->needsData();
+  animation().setCurrentTime(100);
+  EXPECT_EQ(number, 6);
+  EXPECT_FALSE(view->isTurning()) << "no picture stays in front of the pages";
+}
+
 TEST_F(PagingTest, ATrackpadDragsThePageAndLettingGoDecides) {
   struct Case {
     const char* name;
@@ -241,6 +254,10 @@ TEST_F(PagingTest, WheelsTurnByNotchesAndTrackpadsWithoutAnEndBySilence) {
   EXPECT_EQ(number, 7);
   wheel({}, {0, -120}, Qt::NoScrollPhase);
   EXPECT_FALSE(view->isTurning()) << "without Shift the wheel scrolls";
+  for (int part = 0; part < 2; ++part) wheel({}, {0, -15}, Qt::NoScrollPhase, Qt::ShiftModifier);
+  world.sim.world.runFor(0.2);
+  view->finishGlide();
+  EXPECT_EQ(number, 7) << "parts of a notch are no pages";
   wheel({}, {-250, 0}, Qt::NoScrollPhase);
   EXPECT_TRUE(swipes->swipeInProgress());
   world.sim.world.runFor(0.2);

@@ -4,6 +4,7 @@
 
 #include <QPdfWriter>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <tuple>
 
@@ -73,6 +74,20 @@ TEST_F(SchedulePrintingTest, printsEitherFormOnOnePageOfText) {
     const std::string page = text();
     for (const char* word : words) EXPECT_NE(page.find(word), std::string::npos) << word << " in\n" << page;
     EXPECT_EQ(page.find("Gold") != std::string::npos, form == Form::weekly) << "Tuesday's";
+  }
+}
+
+TEST_F(SchedulePrintingTest, writesTheVenuesAboveTheirColumns) {
+  schedule.form = ScheduleViewOption::daily;
+  ASSERT_TRUE(print(QPageSize::A4).ok());
+  const std::string words =
+      output(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), path(), QStringLiteral("-")});
+  // The columns begin at 20 + 12 + 35 and share the width up to 595 - 30 - 5.
+  for (const auto& [name, middle] : {std::pair{"North", 190.25}, std::pair{"South", 436.75}}) {
+    const QRegularExpression word(
+        QStringLiteral("xMin=\"([0-9.]+)\"[^>]*xMax=\"([0-9.]+)\"[^>]*>%1<").arg(QLatin1String(name)));
+    const auto match = word.match(QString::fromStdString(words));
+    EXPECT_NEAR((match.captured(1).toDouble() + match.captured(2).toDouble()) / 2, middle, 1.0) << name;
   }
 }
 

@@ -91,6 +91,7 @@ TEST_F(TodayScheduleViewTest, AfterAScrollTheViewRestsForHalfAMinute) {
 TEST_F(TodayScheduleViewTest, SizesOfFontsByTheRoadTaken) {
   TodayScheduleView& view = show();
   EXPECT_EQ(view.styles().name.fontSize, 9.0);
+  EXPECT_EQ(view.styles().resurfaceTime.paragraph, view.styles().resurface.paragraph) << "not centred";
   view.decreaseFontSize();
   EXPECT_EQ(view.styles().name.fontSize, 9.0);
   for (int i = 0; i < 22; ++i) view.increaseFontSize();

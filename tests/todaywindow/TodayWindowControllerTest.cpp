@@ -152,6 +152,10 @@ TEST_F(TodayWindowControllerTest, FollowsItsRinkAndOutlivesIt) {
   settle();
   EXPECT_EQ(controller->chosenVenue()->venueID, 7) << "the chosen one has gone";
   EXPECT_FALSE(info.text()) << "a rink of one venue";
+  week(7)->adopt({{}, {{SessionKind::rental, 3, 600, 60, "", ""}}});
+  week(7)->postChanged();
+  settle();
+  ASSERT_EQ(controller->todayScheduleView().scheduleItems().size(), 1U);
   rink->refreshState.errorKind = DownloadErrorKind::connectionError;
   rink->postNotification(kRefreshStatusChanged);
   settle();
@@ -204,8 +208,15 @@ TEST_F(TodayWindowControllerTest, OptionsTakeEffectAtOnceAndAreSaved) {
 
 TEST_F(TodayWindowControllerTest, ClosingLetsGoOfEverything) {
   auto controller = open();
-  QTest::keyClick(controller->window(), Qt::Key_X);
-  EXPECT_EQ(world.sounds.played, std::vector<std::string>{"Tink"});
+  for (const auto key : {Qt::Key_Shift, Qt::Key_Tab, Qt::Key_VolumeUp}) {
+    QTest::keyClick(controller->window(), key);
+    EXPECT_TRUE(world.sounds.played.empty()) << key;
+  }
+  for (const auto key : {Qt::Key_X, Qt::Key_Escape, Qt::Key_Left, Qt::Key_F5}) {
+    world.sounds.played.clear();
+    QTest::keyClick(controller->window(), key);
+    EXPECT_EQ(world.sounds.played, std::vector<std::string>{"Tink"}) << key;
+  }
   controller->window()->performClose();
   ASSERT_EQ(application.removed.size(), 1U);
   EXPECT_EQ(application.removed[0].second, SaveFrame::yes);
