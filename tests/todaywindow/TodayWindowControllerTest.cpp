@@ -152,10 +152,6 @@ TEST_F(TodayWindowControllerTest, FollowsItsRinkAndOutlivesIt) {
   settle();
   EXPECT_EQ(controller->chosenVenue()->venueID, 7) << "the chosen one has gone";
   EXPECT_FALSE(info.text()) << "a rink of one venue";
-  week(7)->adopt({{}, {{SessionKind::rental, 3, 600, 60, "", ""}}});
-  week(7)->postChanged();
-  settle();
-  ASSERT_EQ(controller->todayScheduleView().scheduleItems().size(), 1U);
   rink->refreshState.errorKind = DownloadErrorKind::connectionError;
   rink->postNotification(kRefreshStatusChanged);
   settle();
@@ -171,6 +167,15 @@ TEST_F(TodayWindowControllerTest, FollowsItsRinkAndOutlivesIt) {
   EXPECT_TRUE(controller->todayScheduleView().scheduleItems().empty());
   EXPECT_TRUE(controller->windowShouldClose()) << "the popover went with the rink";
   EXPECT_TRUE(controller->window()->isVisible());
+}
+
+TEST_F(TodayWindowControllerTest, ARinkThatIsGoneAtOnceLeavesNoSessionsBehind) {
+  const auto controller = open();
+  ASSERT_FALSE(controller->todayScheduleView().scheduleItems().empty());
+  world.dataModel.mergeRinkList(RinkListFile{});
+  rink.reset();
+  settle();
+  EXPECT_TRUE(controller->todayScheduleView().scheduleItems().empty());
 }
 
 TEST_F(TodayWindowControllerTest, OptionsTakeEffectAtOnceAndAreSaved) {
