@@ -55,12 +55,20 @@ PhotoCellsView::Caption AlbumView::caption(std::size_t cell) const {
 }
 
 std::optional<std::size_t> AlbumView::selectedCell() const {
+  if (!selectedPhoto_) return std::nullopt;
+  if (selectedPosition_ < photos().size() && photos()[selectedPosition_] == selectedPhoto_) {
+    return selectedPosition_;
+  }
   const auto found = std::find(photos().begin(), photos().end(), selectedPhoto_);
-  if (!selectedPhoto_ || found == photos().end()) return std::nullopt;
+  if (found == photos().end()) return std::nullopt;
   return static_cast<std::size_t>(found - photos().begin());
 }
 
 void AlbumView::selectCell(std::optional<std::size_t> cell) {
+  if (cell && cell != selectedCell()) {
+    selectedPosition_ = *cell;
+    setNeedsDisplay(true);
+  }
   selectPhoto(cell ? photos()[*cell] : nullptr);
 }
 
@@ -69,7 +77,7 @@ void AlbumView::openCell(std::size_t cell) {
 }
 
 void AlbumView::cellClicked(std::optional<std::size_t> cell, Clicks, Qt::KeyboardModifiers modifiers) {
-  const bool again = cell && cell == selectedCell();
+  const bool again = cell && photos()[*cell] == selectedPhoto_;
   selectCell(again && (modifiers & Qt::ControlModifier) ? std::nullopt : cell);
 }
 

@@ -38,6 +38,7 @@ class AlbumView : public PhotoCellsView, Counted<AlbumView> {
  private:
   std::shared_ptr<const PhotoAlbum> currentAlbum_;
   std::shared_ptr<Photo> selectedPhoto_;
+  std::size_t selectedPosition_ = 0;        ///< tells the cells of a photo that the album has twice
   std::shared_ptr<Photo> firstClickPhoto_;  ///< a double click opens only what both of its clicks were on
 };
 

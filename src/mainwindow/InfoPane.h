@@ -22,6 +22,9 @@ class InfoPane : public WindowPane {
   /// Fills the pane anew: for another rink, or none, and when the rink's card or photo has changed. Neither
   /// is owned. `rinkData` may be null while `rinkInfo` isn't.
   void setRink(const std::shared_ptr<RinkInfo>& rinkInfo, const std::shared_ptr<RinkData>& rinkData);
+  /// Another rink, or none, whose website and place the commands open also while the pane doesn't show; the
+  /// pane's content waits for `setRink`.
+  void setRinkInfo(const std::shared_ptr<RinkInfo>& rinkInfo) { rinkInfo_ = rinkInfo; }
   /// The photo on show, which counts this view; null for none. It may have no image yet.
   const std::shared_ptr<Photo>& coverPhoto() const { return coverPhoto_; }
   void logoChanged();

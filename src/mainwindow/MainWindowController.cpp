@@ -92,6 +92,7 @@ void MainWindowController::chooseRink(const std::shared_ptr<RinkInfo>& rinkInfo)
   if (rinkInfo == currentRinkInfo_.lock()) return;
   storeChosenVenues();
   currentRinkInfo_ = rinkInfo;
+  infoPane_->setRinkInfo(rinkInfo);
   const auto rink = rinkInfo ? context_.dataModel.rinkData(rinkInfo->rinkID) : nullptr;
   currentRinkData_ = rink;
   if (rink) rink->readMainFile();

@@ -112,7 +112,7 @@ void MainWindowController::observeModel() {
   onMyRinkID(kRinkInfoChanged, [this] { updateRinkContent(); });
   onMyRinkID(kRinkLogoChanged, [this] {
     schedule_->logoChanged();
-    infoPane_->logoChanged();
+    if (currentPaneKind_ == MainWindowPane::info) infoPane_->logoChanged();
   });
   onMyRink(kVenuesChanged, [this] {
     context_.services.console.printLine("MainWindowController venuesChanged");

@@ -26,7 +26,6 @@ NoticeBanner::NoticeBanner(const WindowContext& context, QWidget* parent) : QWid
 }
 
 void NoticeBanner::close() {
-  visibilityChanged = {};
   noticeBannerView_->closeBanner();
   noticeBannerView_->noticeChosen = {};
   noticeBannerView_->close();
@@ -41,12 +40,11 @@ void NoticeBanner::applyRule(const std::shared_ptr<RinkData>& rinkData) {
 }
 
 void NoticeBanner::showNoticeBanner(const std::shared_ptr<RinkData>& rinkData) {
+  if (!bannerVisible_ || !noticeBannerView_->rinkData()) noticeBannerView_->setRinkData(rinkData);
   if (!bannerVisible_) {
     bannerVisible_ = true;
-    noticeBannerView_->setRinkData(rinkData);
     noticeBannerView_->setPresented(true);
     setVisible(true);
-    if (visibilityChanged) visibilityChanged();
   }
   noticeBannerView_->showFirstNotice();
 }
@@ -56,7 +54,6 @@ void NoticeBanner::hideNoticeBanner() {
     bannerVisible_ = false;
     noticeBannerView_->setPresented(false);
     setVisible(false);
-    if (visibilityChanged) visibilityChanged();
   }
   noticeBannerView_->closeBanner();
 }

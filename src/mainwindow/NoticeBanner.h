@@ -4,8 +4,8 @@
 namespace tarvel {
 
 /// The strip across the top of a main window that tells of notices which the user hasn't dismissed: the
-/// banner's view with the button that takes it away. It is shown and hidden by `applyRule`; the window gives
-/// it the place and lays out what stands below when `visibilityChanged` is called. Main thread.
+/// banner's view with the button that takes it away. It is shown and hidden by `applyRule`; the window's
+/// layout gives it the place and takes that back. Main thread.
 class NoticeBanner : public QWidget {
   Q_OBJECT
  public:
@@ -18,7 +18,8 @@ class NoticeBanner : public QWidget {
   bool bannerVisible() const { return bannerVisible_; }
   /// Shows or hides the banner as the chosen rink, or none, asks for it.
   void applyRule(const std::shared_ptr<RinkData>& rinkData);
-  /// Goes back to the first notice in any case. A banner on show keeps the rink that it has.
+  /// Goes back to the first notice in any case. A banner on show keeps the rink that it has, unless
+  /// that has left the catalogue.
   void showNoticeBanner(const std::shared_ptr<RinkData>& rinkData);
   /// Dismisses the notice on show. With others left the banner returns with the next choice of a rink or
   /// change of the notices.
@@ -26,8 +27,6 @@ class NoticeBanner : public QWidget {
 
   NoticeBannerView& view() const { return *noticeBannerView_; }
   BannerButton& dismissButton() const { return *dismissBannerButton_; }
-  /// Called after the strip has come or gone; may be empty.
-  std::function<void()> visibilityChanged;
   /// The window closes: the notice on show counts as seen. Final; not the toolkit's operation of this name.
   void close();
 

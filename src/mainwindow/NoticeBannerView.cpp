@@ -8,7 +8,6 @@
 
 #include "mainwindow/NoticeTexts.h"
 #include "mainwindow/RinkIdentity.h"
-#include "platform/FatalError.h"
 
 namespace tarvel {
 namespace {
@@ -73,7 +72,9 @@ void NoticeBannerView::loadData() {
   isAwaitingData = false;
   setNeedsDisplay(true);
   noticeList_.clear();
-  if (const auto rink = rinkData_.lock()) {
+  // A pass that was due when the banner went reads nothing: whatever the list holds when the banner goes
+  // counts as seen.
+  if (const auto rink = isPresented() ? rinkData_.lock() : nullptr) {
     for (const auto& notice : rink->noticeList().value_or(NoticeList())) {
       if (!rink->isDismissed(notice->noticeID)) noticeList_.push_back(notice);
     }
@@ -125,6 +126,7 @@ void NoticeBannerView::closeBanner() {
   dismissCurrent();
   currentIndex_ = 0;
   noticeList_.clear();
+  updateCount();
 }
 
 void NoticeBannerView::draw(QPainter& painter, const Rect&) {
@@ -167,7 +169,9 @@ void NoticeBannerView::mousePressEvent(QMouseEvent* event) {
   const BannerLayout layout{{static_cast<double>(width()), static_cast<double>(height())}};
   // What is out of date doesn't show, so that nobody can have meant it.
   if (isAwaitingData || layout.isOnControls(event->position().x())) return;
-  if (currentIndex_ >= noticeList_.size()) fatalError("a click on a banner without a notice");
+  // A banner on show keeps its rink, also when all of that rink's notices have been dismissed meanwhile: it
+  // is empty then, and nothing can be meant.
+  if (currentIndex_ >= noticeList_.size()) return;
   if (noticeChosen) noticeChosen(noticeList_[currentIndex_]);
 }
 

@@ -70,7 +70,7 @@ void NoticesView::loadData() {
   if (!noticeToSelect_) noticeToSelect_ = selectedNotice_;
   const auto rink = rinkData_.lock();
   noticeList_ = rink ? rink->noticeList().value_or(NoticeList()) : NoticeList();
-  measuredWidth_ = 0.0;
+  measuredWidth_ = kNotMeasured;
   adjustSize();
   selectNotice(std::exchange(noticeToSelect_, nullptr));
   describe();

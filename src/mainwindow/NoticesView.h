@@ -56,10 +56,12 @@ class NoticesView : public DataLoadingView, Counted<NoticesView> {
   void updateActive();
   void describe();
 
+  static constexpr double kNotMeasured = -1.0;
+
   std::weak_ptr<RinkData> rinkData_;
   NoticeList noticeList_;
   NoticeLayout layout_;
-  double measuredWidth_ = 0.0;  ///< that the layout is for; 0 for none
+  double measuredWidth_ = kNotMeasured;  ///< that the layout is for
   std::shared_ptr<const Notice> selectedNotice_;
   std::shared_ptr<const Notice> noticeToSelect_;
   bool isFirstResponder_ = false;

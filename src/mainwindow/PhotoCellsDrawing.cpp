@@ -101,10 +101,9 @@ void PhotoCellsView::drawCaption(QPainter& painter, std::size_t cell) {
                           double height) {
     tarvel::draw(painter, {x, y, room, height}, {text, attributes}, TextFit::wrap, appearanceOf(this));
   };
-  const double bottom = layout_.rects()[cell].maxY();
-  // A row whose albums have no texts has no room for a caption.
-  if (!texts.count.empty() && bottom - y >= 1.0) {
-    drawAt(box.maxX() - measures.countWidth, measures.countWidth, texts.count, kPhotoCount, bottom - y);
+  // The count makes no room for itself: below a row of albums without texts it reaches into the next row.
+  if (!texts.count.empty()) {
+    drawAt(box.maxX() - measures.countWidth, measures.countWidth, texts.count, kPhotoCount, 0.0);
   }
   if (!texts.title.empty()) {
     const double height = heightWithin(width, texts.title, kPhotoCaptionTitle, measures.title);

@@ -59,7 +59,9 @@ void PhotosController::photoCollectionChanged() {
     }
   }
   if (photoViewOption_ == PhotoViewOption::single) {
-    photoIndex_ = std::min(photoIndex_, photoCount() - 1);
+    // Below the first only while the album is empty.
+    const std::int64_t last = photoCount() - 1;
+    photoIndex_ = std::clamp(photoIndex_, std::min<std::int64_t>(0, last), last);
     pagingView().reloadAll();
   }
   updateControls();

@@ -62,6 +62,9 @@ TEST_F(MainWindowPanesTest, CommandsStandAsThePaneLetsThem) {
   for (const char* each : {"prev:", "next:", "gotoNow:"}) controller->performCommand({each});
   EXPECT_EQ(controller->schedule().displayDate(), shown) << "without a rink they do nothing";
   choose(1);
+  world.dataModel.rinkInfo(1)->websiteUrl = "https://a.test";
+  controller->performCommand({"visitWebsite:"});
+  EXPECT_EQ(world.workspace.opened, std::vector<std::string>{"https://a.test"}) << "from any pane";
   check({MainWindowPane::schedule, true}, "schedule");
   check({MainWindowPane::photos, false}, "photos");
   check({MainWindowPane::notices, false}, "notices");

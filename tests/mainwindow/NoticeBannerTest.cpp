@@ -75,6 +75,12 @@ TEST_F(NoticeBannerTest, ArrowsGoThroughTheNoticesAndDismissWhatTheyLeave) {
 
 TEST_F(NoticeBannerTest, DismissingTakesTheNoticeOnShowAloneAndTheBannerComesBackForTheOthers) {
   const NoticeList list = {notice(1), notice(2), notice(3)};
+  publish(list);
+  banner->applyRule(rink);
+  banner->hideNoticeBanner();
+  settle();
+  banner->hideNoticeBanner();
+  EXPECT_EQ(rink->dismissedNotices, Ids{}) << "gone before it could show any";
   show(list);
   click(banner->dismissButton());
   EXPECT_FALSE(banner->bannerVisible());
@@ -89,6 +95,10 @@ TEST_F(NoticeBannerTest, DismissingTakesTheNoticeOnShowAloneAndTheBannerComesBac
   banner->showNoticeBanner(other);
   settle();
   EXPECT_EQ(view.rinkData(), rink) << "a banner on show keeps its rink";
+  view.setRinkData(nullptr);
+  banner->showNoticeBanner(rink);
+  settle();
+  EXPECT_EQ(view.noticeList().size(), 1U) << "its rink had gone";
   banner->close();
   EXPECT_EQ(rink->dismissedNotices, Ids{2}) << "closing the window counts as having seen it";
 }
@@ -105,7 +115,8 @@ TEST_F(NoticeBannerTest, AClickOnTheTextChoosesTheNotice) {
   clickAt(10);
   EXPECT_EQ(chosenIDs.size(), 2U) << "out of date";
   settle();
-  EXPECT_DEATH(clickAt(10), "without a notice");
+  clickAt(10);
+  EXPECT_EQ(chosenIDs.size(), 2U) << "an empty banner";
 }
 
 TEST_F(NoticeBannerTest, TextsOfAnyLengthStayInTheirPlace) {

@@ -39,7 +39,11 @@ class NoticesViewTest : public test::NoticesWorld {
 TEST_F(NoticesViewTest, ClicksSelectAndTheSelectionOutlivesAReload) {
   const NoticeList list = {notice(1), notice(2, ""), notice(3, "", ""),
                            notice(4, "Long", std::string(10'000, 'x'))};
+  NoticesView narrow(world.context);
+  narrow.resize(0, 0);
+  narrow.setRinkData(rink);
   publish(list);
+  EXPECT_EQ(narrow.offsets().size(), 5U) << "also while there is no room";
   ASSERT_EQ(view.offsets().size(), 5U);
   EXPECT_GT(view.height(), 2'000) << "a long text shows in full";
   for (const std::size_t row : {0U, 2U, 1U}) {

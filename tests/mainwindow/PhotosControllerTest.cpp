@@ -137,6 +137,15 @@ TEST_F(PhotosControllerTest, TheWayFromTheGalleryToAPhotoAndBack) {
   EXPECT_EQ(counts(4), Ids(4, 0));
 }
 
+TEST_F(PhotosControllerTest, KeysGoThroughAnAlbumThatHasAPhotoTwice) {
+  publish(3, {{1, {1, 2, 1, 3}}});
+  openAlbum();
+  for (const std::int64_t id : {1, 2, 1, 3, 3}) {
+    key(Qt::Key_Right);
+    EXPECT_EQ(album().selectedPhoto()->photoID, id);
+  }
+}
+
 TEST_F(PhotosControllerTest, ClicksSelectAndADoubleClickOpensWhatBothWereOn) {
   publish(3, {{1, {1, 2, 3}}});
   openAlbum();
@@ -178,6 +187,9 @@ TEST_F(PhotosControllerTest, ACollectionThatChangesUnderWhatIsOpen) {
   publish(1, {{1, {}}});
   EXPECT_EQ(texts(), "Album 1|0 of 0");
   EXPECT_EQ(page().currentPhoto(), nullptr);
+  publish(2, {{1, {1, 2}}});
+  EXPECT_EQ(texts(), "Album 1|1 of 2") << "filled again";
+  publish(1, {{1, {}}});
   key(Qt::Key_Escape);
   EXPECT_TRUE(album().photoList().empty());
   start();
