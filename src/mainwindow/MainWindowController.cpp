@@ -28,7 +28,7 @@ MainWindowController::MainWindowController(const WindowContext& context)
   const Rect visible = window()->visibleFrame();
   sidebars_->applyWindowFrame({visible.x + (visible.width - kFirstSize.width) / 2,
                                visible.maxY() - kFirstSize.height, kFirstSize.width, kFirstSize.height});
-  updateControls();
+  MainWindowController::updateControls();
 }
 
 MainWindowController::~MainWindowController() {

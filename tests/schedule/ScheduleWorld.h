@@ -110,7 +110,7 @@ struct ScheduleWorld {
   }
   /// Takes the rink into use, with those venues, all of whose weeks are known and at hand.
   std::shared_ptr<RinkData> openRink(std::int64_t rinkID, const std::vector<VenueRecord>& venues) {
-    const auto rink = dataModel.rinkData(rinkID);
+    auto rink = dataModel.rinkData(rinkID);
     rink->mainFileRead = true;
     rink->firstWeek = packedDate(2026, 3, 8);
     rink->lastWeek = packedDate(2026, 3, 29);
