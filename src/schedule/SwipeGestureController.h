@@ -46,7 +46,7 @@ class SwipeGestureController : public QObject, private Counted<SwipeGestureContr
   QPointer<PagingView> pagingView_;
   SwipeTracker tracker_;
   bool swipeInProgress_ = false;
-  bool turned_ = false;  ///< the page has been turned by this swipe; what follows of it is passed over
+  bool turned_ = false;    ///< the page has been turned by this swipe; what follows of it is passed over
   double lastMove_ = 0.0;  ///< seconds of the monotonic clock
   QPointF lastTouch_;
   std::unique_ptr<Timer> trackpadEnd_;
