@@ -159,14 +159,14 @@ bool ScheduleController::setScheduleViewOption(ScheduleViewOption option) {
   sidebar().showTimesVisible(!isDaily());
   updateVenues();
   rebuildPages();
+  calendarView().setPeriodOption(isDaily() ? PeriodViewOption::day : PeriodViewOption::week);
   if (isShown_) {
     reloadPages();
-    isDaily() ? showDaily() : showWeekly();
+    if (isDaily()) goToFirstDay();
     if (auto* week = dynamic_cast<WeeklyScheduleView*>(currentPage()); week && shownDay != kNoDate) {
       week->setSelectedDate(shownDay);
     }
   }
-  calendarView().setPeriodOption(isDaily() ? PeriodViewOption::day : PeriodViewOption::week);
   updateHeader();
   updateFontSize();
   host_.updateControls();
@@ -174,16 +174,11 @@ bool ScheduleController::setScheduleViewOption(ScheduleViewOption option) {
 }
 
 // The date that is shown stays as it is: the calendar alone goes to the day that a user looks for first.
-void ScheduleController::showDaily() {
-  calendarView().setPeriodOption(PeriodViewOption::day);
+void ScheduleController::goToFirstDay() {
   const auto rink = rink_.lock();
   const PackedDate now = rink ? rink->dateNow() : todayDate(context_.services.pretendTime);
   const PackedDate sunday = startOfWeek(displayDate_);
   goToDate(startOfWeek(now) == sunday ? now : sunday, Scroll::yes);
-}
-
-void ScheduleController::showWeekly() {
-  calendarView().setPeriodOption(PeriodViewOption::week);
 }
 
 ScheduleForm ScheduleController::form() const {

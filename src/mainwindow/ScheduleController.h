@@ -126,8 +126,7 @@ class ScheduleController : private ScheduleViewOwner, private PagingViewDelegate
   /// Of the day or week before or after the one shown; a week is named by its Sunday.
   PackedDate unitDate(Way way) const;
   void goToDate(PackedDate date, Scroll scroll);
-  void showDaily();
-  void showWeekly();
+  void goToFirstDay();
   void pageTurned(Way way);
   void clearSelection();
 

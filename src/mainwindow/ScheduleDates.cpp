@@ -67,6 +67,8 @@ void ScheduleController::changeCalendarDate() {
   const PackedDate date = calendarView().currentDate();
   if (date == displayDate_) return;
   pagingView().finishGlide();
+  // A turn that was under way has taken the calendar along; the user's choice is the later word.
+  goToDate(date, Scroll::no);
   if (date == displayDate_) return;
   if (date == unitDate(Way::back) && pagesBeforeCurrent(pagingView())) {
     pagingView().glideToPrev();
@@ -98,6 +100,7 @@ void ScheduleController::gotoNow() {
 }
 
 void ScheduleController::gotoScheduleItem(std::int64_t venueID, PackedDate date, std::int64_t minutes) {
+  pagingView().finishGlide();
   if (venues_.addDailyVenue(venueID)) {
     storeChosenVenues();
     updateVenues();

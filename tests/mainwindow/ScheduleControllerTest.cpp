@@ -97,6 +97,12 @@ TEST_F(ScheduleControllerTest, theCalendarLeadsToItsDate) {
   settle();
   EXPECT_FALSE(pane().schedulePagingView().isTurning());
   EXPECT_EQ(week().weekOf(), packedDate(2026, 3, 8));
+  controller->next();  // a choice in the middle of a turn isn't lost
+  calendar.setDate(packedDate(2026, 3, 31), Animate::no);
+  settle();
+  endGlide();
+  EXPECT_EQ(week().weekOf(), packedDate(2026, 3, 29));
+  EXPECT_EQ(calendar.currentDate(), packedDate(2026, 3, 31));
 }
 
 TEST_F(ScheduleControllerTest, textSizesAreKeptForEachForm) {
