@@ -6,9 +6,9 @@
 
 #include "FakeWindows.h"
 #include "app/Globals.h"
+#include "simulation/ports/SimServices.h"
 #include "support/PublishedSite.h"
 #include "support/RecordingSoundPlayer.h"
-#include "support/SimServices.h"
 
 namespace tarvel {
 namespace {

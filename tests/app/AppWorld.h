@@ -9,9 +9,9 @@
 
 #include "app/AppController.h"
 #include "app/Globals.h"
+#include "simulation/ports/SimServices.h"
 #include "support/PublishedSite.h"
 #include "support/RecordingSoundPlayer.h"
-#include "support/SimServices.h"
 
 namespace tarvel {
 

@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QTest>
 
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 namespace {

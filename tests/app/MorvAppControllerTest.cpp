@@ -6,7 +6,7 @@
 
 #include "FakeWindows.h"
 #include "app/Globals.h"
-#include "support/SimServices.h"
+#include "simulation/ports/SimServices.h"
 
 namespace tarvel {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/SimServices.h"
+#include "simulation/ports/SimServices.h"
 
 namespace tarvel {
 namespace {

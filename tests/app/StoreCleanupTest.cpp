@@ -5,7 +5,7 @@
 #include <set>
 
 #include "platform/AtomicFile.h"
-#include "support/SimServices.h"
+#include "simulation/ports/SimServices.h"
 
 namespace tarvel {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/AppInfo.h"
-#include "support/RecordingConsole.h"
+#include "simulation/ports/RecordingConsole.h"
 
 namespace tarvel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 namespace {

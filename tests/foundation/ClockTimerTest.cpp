@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "support/SimServices.h"
+#include "simulation/ports/SimServices.h"
 
 namespace tarvel {
 namespace {

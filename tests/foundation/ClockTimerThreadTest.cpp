@@ -3,7 +3,7 @@
 #include "foundation/ClockTimer.h"
 #include "platform/posix/PosixRunLoop.h"
 #include "platform/posix/PosixThreads.h"
-#include "support/SimServices.h"
+#include "simulation/ports/SimServices.h"
 
 namespace tarvel {
 namespace {

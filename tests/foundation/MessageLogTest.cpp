@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CorruptBytes.h"
+#include "simulation/ports/CorruptBytes.h"
+#include "simulation/ports/SimServices.h"
 #include "support/Encoded.h"
-#include "support/SimServices.h"
 
 namespace tarvel {
 namespace {

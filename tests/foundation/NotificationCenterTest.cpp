@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 namespace {

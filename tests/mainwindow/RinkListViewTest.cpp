@@ -8,7 +8,7 @@
 #include <tuple>
 
 #include "schedule/ScheduleWorld.h"
-#include "support/NotificationRecorder.h"
+#include "simulation/ports/NotificationRecorder.h"
 #include "ui/Window.h"
 
 namespace tarvel {

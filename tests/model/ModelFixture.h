@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "model/DataModel.h"
+#include "simulation/ports/SimServices.h"
 #include "support/PublishedSite.h"
-#include "support/SimServices.h"
 
 namespace tarvel {
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/posix/PosixFileSystem.h"
-#include "support/MemoryFileSystem.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/MemoryFileSystem.h"
+#include "simulation/ports/SimWorld.h"
 #include "support/TempFolder.h"
 
 namespace tarvel {

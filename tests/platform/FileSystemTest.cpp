@@ -7,8 +7,8 @@
 #include <array>
 
 #include "platform/posix/PosixFileSystem.h"
-#include "support/MemoryFileSystem.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/MemoryFileSystem.h"
+#include "simulation/ports/SimWorld.h"
 #include "support/TempFolder.h"
 
 namespace tarvel {

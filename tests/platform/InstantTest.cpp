@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "support/SeededRandom.h"
+#include "simulation/ports/SeededRandom.h"
 
 namespace tarvel {
 namespace {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "support/CorruptBytes.h"
+#include "simulation/ports/CorruptBytes.h"
 
 namespace tarvel {
 namespace {

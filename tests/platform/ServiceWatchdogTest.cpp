@@ -7,7 +7,7 @@
 
 #include <cstring>
 
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 #include "support/TempFolder.h"
 
 namespace tarvel {

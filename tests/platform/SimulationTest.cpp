@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "support/MemoryFileSystem.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/MemoryFileSystem.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 namespace {

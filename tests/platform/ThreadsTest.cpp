@@ -9,7 +9,7 @@
 
 #include "platform/TimerQueue.h"
 #include "platform/posix/PosixThreads.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 namespace {

@@ -1,5 +1,5 @@
 #include "EngineFixture.h"
-#include "support/CorruptBytes.h"
+#include "simulation/ports/CorruptBytes.h"
 
 namespace tarvel {
 namespace {

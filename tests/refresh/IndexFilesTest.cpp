@@ -2,7 +2,7 @@
 
 #include "foundation/DecodeError.h"
 #include "refresh/RootFile.h"
-#include "support/CorruptBytes.h"
+#include "simulation/ports/CorruptBytes.h"
 #include "support/Encoded.h"
 #include "support/PublishedSite.h"
 

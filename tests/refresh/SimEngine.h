@@ -4,7 +4,7 @@
 
 #include "platform/AtomicFile.h"
 #include "refresh/MasterRefresh.h"
-#include "support/SimServices.h"
+#include "simulation/ports/SimServices.h"
 
 namespace tarvel {
 

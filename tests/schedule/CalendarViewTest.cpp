@@ -9,7 +9,7 @@
 #include <tuple>
 
 #include "ScheduleWorld.h"
-#include "support/NotificationRecorder.h"
+#include "simulation/ports/NotificationRecorder.h"
 #include "ui/Window.h"
 
 namespace tarvel {

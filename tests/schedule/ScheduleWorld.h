@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "auxwindows/WindowContext.h"
+#include "simulation/ports/SimServices.h"
 #include "support/RecordingSoundPlayer.h"
-#include "support/SimServices.h"
 
 namespace tarvel::test {
 

@@ -7,7 +7,7 @@
 #include "model/RinkRecord.h"
 #include "model/ScheduleFiles.h"
 #include "platform/Color.h"
-#include "support/ScriptedHttpClient.h"
+#include "simulation/ports/ScriptedHttpClient.h"
 
 namespace tarvel {
 

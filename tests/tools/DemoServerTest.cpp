@@ -7,8 +7,8 @@
 #include <nlohmann/json.hpp>
 
 #include "publish/Encoders.h"
-#include "support/MemoryFileSystem.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/MemoryFileSystem.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel::demo {
 namespace {

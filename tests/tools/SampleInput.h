@@ -6,8 +6,8 @@
 #include "foundation/DataDecoder.h"
 #include "publish/PublishInput.h"
 #include "publish/Publisher.h"
-#include "support/MemoryFileSystem.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/MemoryFileSystem.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel::publish {
 

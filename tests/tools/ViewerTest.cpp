@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "support/MemoryFileSystem.h"
+#include "simulation/ports/MemoryFileSystem.h"
+#include "simulation/ports/SimWorld.h"
 #include "support/PublishedSite.h"
-#include "support/SimWorld.h"
 #include "support/TempFolder.h"
 #include "viewer/ViewerOptions.h"
 

@@ -1,4 +1,4 @@
-#include "support/MemoryFileSystem.h"
+#include "simulation/ports/MemoryFileSystem.h"
 
 #include <algorithm>
 #include <system_error>

@@ -1,4 +1,4 @@
-#include "support/CorruptBytes.h"
+#include "simulation/ports/CorruptBytes.h"
 
 #include <algorithm>
 

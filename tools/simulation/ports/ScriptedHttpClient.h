@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/HttpClient.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 

@@ -1,11 +1,11 @@
 #pragma once
 #include "foundation/Services.h"
-#include "support/FakeImageDecoder.h"
-#include "support/MemoryFileSystem.h"
-#include "support/NotificationRecorder.h"
-#include "support/RecordingConsole.h"
-#include "support/ScriptedHttpClient.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/FakeImageDecoder.h"
+#include "simulation/ports/MemoryFileSystem.h"
+#include "simulation/ports/NotificationRecorder.h"
+#include "simulation/ports/RecordingConsole.h"
+#include "simulation/ports/ScriptedHttpClient.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 

@@ -9,7 +9,7 @@
 
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "support/SeededRandom.h"
+#include "simulation/ports/SeededRandom.h"
 
 namespace tarvel {
 

@@ -1,4 +1,4 @@
-#include "support/ScriptedHttpClient.h"
+#include "simulation/ports/ScriptedHttpClient.h"
 
 #include <algorithm>
 

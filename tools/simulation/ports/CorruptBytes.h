@@ -2,7 +2,7 @@
 #include <cstdint>
 
 #include "platform/Bytes.h"
-#include "support/SeededRandom.h"
+#include "simulation/ports/SeededRandom.h"
 
 namespace tarvel {
 

@@ -1,4 +1,4 @@
-#include "support/FakeImageDecoder.h"
+#include "simulation/ports/FakeImageDecoder.h"
 
 #include <cstdio>
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "foundation/NotificationCenter.h"
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 
 namespace tarvel {
 

@@ -1,4 +1,4 @@
-#include "support/NotificationRecorder.h"
+#include "simulation/ports/NotificationRecorder.h"
 
 #include <algorithm>
 

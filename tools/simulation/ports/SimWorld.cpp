@@ -1,4 +1,4 @@
-#include "support/SimWorld.h"
+#include "simulation/ports/SimWorld.h"
 
 #include <algorithm>
 #include <stdexcept>
