@@ -9,6 +9,7 @@
 #include "app/StoreCleanup.h"
 #include "app/TodayOpening.h"
 #include "mainwindow/MainWindowController.h"
+#include "platform/AtomicFile.h"
 #include "platform/FatalError.h"
 #include "todaywindow/TodayWindowController.h"
 
@@ -50,12 +51,15 @@ void AppController::applicationWillFinishLaunching() {
   if (!versionsAgree(setup_.info, kAppVersion, services().console)) fatalError("inconsistent versions");
   services().console.printLine(fmt::format("----- Launch Tarvel {} -----", setup_.info.version));
   MorvAppController::applicationWillFinishLaunching();
-  if (const Status made = services().files.createFolders(supportFolder()); !made) {
+  if (const Status made = createFoldersSafely(services().files, supportFolder()); !made) {
     errorLog_->addMessage(
         fmt::format("Can not create directory: {} -- {}", supportFolder(), made.error().description));
   }
   services().threads.nameCurrentThread("Main Thread");
   removeLeftoversOfCrash(services().files, supportFolder());
+  for (const Path& path : clearStorePlaces(services().files, supportFolder())) {
+    errorLog_->addMessage("Removed from the store, as it was in the way: " + path);
+  }
   const auto state = stateFile_.read();
   if (state) takeState(*state);
   startDataModel(state ? &*state : nullptr);
@@ -76,8 +80,13 @@ void AppController::startDataModel(const PropertyList::Dictionary* state) {
   gDataModel = dataModel_.get();
   dataModel_->stateChanged = [this] { markChanged(); };
   masterRefresh_ = std::make_unique<MasterRefresh>(services(), *dataModel_);
+  networkReturn_ = std::make_unique<NetworkReturn>(services(), *dataModel_);
   masterRefresh_->decideUpdate = [this](const RootFile& root) { decideUpdate(root); };
   dataModel_->start(state);
+}
+
+void AppController::networkCameBack() {
+  if (networkReturn_) networkReturn_->networkCameBack();
 }
 
 void AppController::applicationDidFinishLaunching() {

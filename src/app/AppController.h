@@ -12,6 +12,7 @@
 #include "foundation/ClockTimer.h"
 #include "foundation/MessageLog.h"
 #include "refresh/MasterRefresh.h"
+#include "refresh/NetworkReturn.h"
 #include "refresh/UpdateDecision.h"
 
 namespace tarvel {
@@ -64,7 +65,7 @@ class AppController : public MorvAppController, public AutoSaveDelegate, public 
   /// Flips whether the next Today window takes a whole screen; those that are open stay as they are.
   void toggleKioskMode();
   // Each of these windows exists once at most:
-  void tarvelURLWindow();
+  void tarvelURLWindow() override;
   void debugWindow();
   /// The log window of the error log.
   void errorLogWindow();
@@ -88,6 +89,8 @@ class AppController : public MorvAppController, public AutoSaveDelegate, public 
   ScreenInhibitor* screenInhibitor() override { return setup_.screenInhibitor; }
   void autoSave() override;
   void messageLogChanged() override;
+  /// The machine is on a network again. Nothing before the launch.
+  void networkCameBack();
 
   /// Null before the launch.
   DataModel* dataModel() { return dataModel_.get(); }
@@ -100,7 +103,12 @@ class AppController : public MorvAppController, public AutoSaveDelegate, public 
   void decideUpdate(const RootFile& root);
   void presentUpdate(const UpdateAlert& alert);
   void openUpdatePage(const UpdateAlert& alert);
-  AlertPanelWindowController& newAlertPanel();
+  /// A failure goes to the error log.
+  void openPage(const std::string& url);
+  AlertPanelWindowController& newAlertPanel(const std::string& message, const std::string& info);
+  /// Closes the alerts that say the same as this one and still wait for an answer: an application left alone
+  /// for weeks doesn't pile them up.
+  static void closeOlderOf(const AlertPanelWindowController& panel);
   void takeState(const PropertyList::Dictionary& state);
   void startDataModel(const PropertyList::Dictionary* state);
   WindowContext windowContext();
@@ -120,6 +128,7 @@ class AppController : public MorvAppController, public AutoSaveDelegate, public 
   std::unique_ptr<ClockTimer> clockTimer_;
   std::unique_ptr<DataModel> dataModel_;
   std::unique_ptr<MasterRefresh> masterRefresh_;
+  std::unique_ptr<NetworkReturn> networkReturn_;
   std::unique_ptr<AutoSaveController> autoSaveController_;
 };
 

@@ -56,7 +56,7 @@ void AppController::visitAppWebsite() {
   const std::string& url = dataModel_->applicationWebsiteURL;
   if (url.empty()) return;
   services().console.printLine("visitAppWebsite: " + url);
-  setup_.workspace.openUrl(url);
+  openPage(url);
 }
 
 void AppController::masterRefresh() {

@@ -35,28 +35,36 @@ void AppController::decideUpdate(const RootFile& root) {
   if (decision.alert) presentUpdate(*decision.alert);
 }
 
-AlertPanelWindowController& AppController::newAlertPanel() {
+AlertPanelWindowController& AppController::newAlertPanel(const std::string& message,
+                                                         const std::string& info) {
   auto panel = std::make_unique<AlertPanelWindowController>(windowContext());
   AlertPanelWindowController& added = *panel;
   addWindowController(std::move(panel), nullptr, RestoreFrame::no);
+  added.message = message;
+  added.info = info;
   return added;
 }
 
+void AppController::closeOlderOf(const AlertPanelWindowController& panel) {
+  for (const Window* window : Window::orderedWindows()) {
+    auto* const older = dynamic_cast<AlertPanelWindowController*>(window->delegate());
+    if (!older || older == &panel || older->message != panel.message || older->info != panel.info) continue;
+    older->window()->close();
+  }
+}
+
 void AppController::showAlert(const std::string& message, const std::string& info) {
-  AlertPanelWindowController& panel = newAlertPanel();
-  panel.message = message;
-  panel.info = info;
+  AlertPanelWindowController& panel = newAlertPanel(message, info);
   panel.addButton("OK");
   panel.present([&panel](int) { panel.window()->close(); });
+  closeOlderOf(panel);
 }
 
 void AppController::presentUpdate(const UpdateAlert& alert) {
   if (alert.kind == UpdateAlert::Kind::info) return showAlert(alert.title, alert.text);
   const bool isBeta = alert.kind == UpdateAlert::Kind::beta;
-  AlertPanelWindowController& panel = newAlertPanel();
+  AlertPanelWindowController& panel = newAlertPanel(alert.title, alert.text);
   panel.badge = AlertBadge::warning;
-  panel.message = alert.title;
-  panel.info = alert.text;
   panel.addButton("Visit App Website");
   if (isBeta) panel.addButton("Skip This Beta Cycle");
   panel.addButton(dataModel_->applicationUpdateRequired ? "Remind Me Tomorrow" : "Remind Me in 4 Days");
@@ -68,14 +76,18 @@ void AppController::presentUpdate(const UpdateAlert& alert) {
     }
     panel.window()->close();
   });
+  closeOlderOf(panel);
 }
 
 void AppController::openUpdatePage(const UpdateAlert& alert) {
   // A catalogue without the application's website is no fault of the release's.
   const bool isWebsite = alert.url == dataModel_->applicationWebsiteURL;
   if (!isAddress(alert.url) && !isWebsite) fatalError("a release without a usable address");
-  if (setup_.workspace.openUrl(alert.url)) return;
-  errorLog_->addMessage("Unable to open address: " + alert.url);
+  openPage(alert.url);
+}
+
+void AppController::openPage(const std::string& url) {
+  if (!setup_.workspace.openUrl(url)) errorLog_->addMessage("Unable to open address: " + url);
 }
 
 }  // namespace tarvel

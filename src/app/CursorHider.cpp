@@ -4,6 +4,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
+#include <cmath>
 
 namespace tarvel {
 namespace {
@@ -69,8 +70,10 @@ void CursorHider::noteActivity() {
 }
 
 void CursorHider::noteMove(const QPointF& position) {
-  // The toolkit sends moves of its own when a view comes under a mouse that stands still.
-  if (position != position_) showCursor();
+  // The toolkit sends moves of its own when a view comes under a mouse that stands still. Their places have
+  // fractions of a pixel where a logical pixel is several of the screen's, and the place noted has none.
+  const QPointF way = position - position_;
+  if (std::abs(way.x()) >= 1.0 || std::abs(way.y()) >= 1.0) showCursor();
 }
 
 void CursorHider::scheduleTimer() {

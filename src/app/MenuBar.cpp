@@ -1,6 +1,8 @@
 #include "app/MenuBar.h"
 
+#include <QActionGroup>
 #include <QLayout>
+#include <QShortcut>
 #include <algorithm>
 
 #include "ui/Window.h"
@@ -29,11 +31,21 @@ MenuBar::MenuBar(Window& window, CommandTarget& application)
   enableKeys();
 }
 
+bool MenuBar::eventFilter(QObject* watched, QEvent* event) {
+  return !isHidden() && QMenuBar::eventFilter(watched, event);
+}
+
+void MenuBar::openWithKey() {
+  setFocus(Qt::MenuBarFocusReason);
+  setActiveAction(actions().front());
+}
+
 MenuBar* MenuBar::install(Window& window, CommandTarget& application, DebugMenu debugMenu) {
   auto* bar = new MenuBar(window, application);
   bar->setDebugMenu(debugMenu);
   if (hasRoom(window)) {
     window.layout()->setMenuBar(bar);
+    connect(new QShortcut(Qt::Key_F10, &window), &QShortcut::activated, bar, &MenuBar::openWithKey);
   } else {
     bar->hide();
     for (const Item& item : bar->items_) window.addAction(item.action);
@@ -64,6 +76,15 @@ void MenuBar::addItem(QMenu& menu, const MenuItem& row) {
   QAction* action = menu.addAction(title);
   action->setShortcuts(row.keys);
   const Command command = row.command;
+  const auto sibling = std::find_if(items_.begin(), items_.end(), [&](const Item& item) {
+    return item.command.action == command.action && item.action->parent() == &menu;
+  });
+  if (sibling != items_.end()) {
+    QActionGroup* group = sibling->action->actionGroup();
+    if (!group) group = new QActionGroup(&menu);
+    group->addAction(sibling->action);
+    group->addAction(action);
+  }
   connect(action, &QAction::triggered, this, [this, command] { perform(command); });
   items_.push_back({action, command, title});
 }

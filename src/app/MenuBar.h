@@ -25,6 +25,10 @@ class MenuBar : public QMenuBar {
   /// Adds the Debug menu at the end, or takes it away.
   void setDebugMenu(DebugMenu debugMenu);
 
+ protected:
+  /// A bar without room takes no keyboard focus, as a visible one does at the alternate key.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   /// An item of the bar with its command.
   struct Item {
@@ -35,7 +39,10 @@ class MenuBar : public QMenuBar {
 
   MenuBar(Window& window, CommandTarget& application);
   QMenu* addTable(const Menu& menu);
+  /// Items of one action are choices of which one at most is marked.
   void addItem(QMenu& menu, const MenuItem& row);
+  /// Opens the first menu for one who has no mouse at hand.
+  void openWithKey();
   CommandTarget* targetOf(const Command& command) const;
   std::optional<CommandState> stateOf(const Command& command) const;
   /// Brings the items of the menu that opens up to date.

@@ -91,7 +91,7 @@ std::span<const Menu> menuTable() {
 }
 
 const Menu& debugMenu() {
-  static const Menu menu{"Debug",
+  static const Menu menu{"&Debug",
                          {
                              {"Debug Window", {"debugWindow:"}},
                              {"Error Log Window", {"errorLogWindow:"}},

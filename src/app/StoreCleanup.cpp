@@ -30,8 +30,29 @@ bool isRinkFolder(const FolderEntry& entry) {
   return entry.kind == FileKind::folder && entry.name.starts_with(kRinkFolderPrefix);
 }
 
+/// What belongs in a place of the store.
+enum class Place { none, file, folder };
+using PlaceOf = Place (*)(const std::string& name);
+
 bool keepsRinkFile(const std::string& name) {
   return contains(kRinkFiles, name) || (name.starts_with("venue-") && extensionOf(name) == "b1");
+}
+
+Place placeInStore(const std::string& name) {
+  if (contains(kTopLevelFiles, name)) return Place::file;
+  return name == kLogosFolder || name.starts_with(kRinkFolderPrefix) ? Place::folder : Place::none;
+}
+Place placeInRinkFolder(const std::string& name) {
+  if (keepsRinkFile(name)) return Place::file;
+  return name == kPhotosFolder ? Place::folder : Place::none;
+}
+Place placeAmongPictures(const std::string& name) {
+  return extensionOf(name) == "jpg" || extensionOf(name) == "png" ? Place::file : Place::none;
+}
+
+bool serves(const FolderEntry& entry, Place place) {
+  if (place == Place::folder) return entry.kind == FileKind::folder;
+  return place == Place::none || entry.kind != FileKind::folder;
 }
 
 /// Names of the first layout: "123.jpg" and "123-thumb.jpg". Today's have the form "123-800.jpg".
@@ -99,6 +120,30 @@ class Cleanup {
 
 void cleanUpStore(FileSystem& files, const Path& supportFolder, Console& console) {
   Cleanup(files, console).topLevel(supportFolder);
+}
+
+std::vector<Path> clearStorePlaces(FileSystem& files, const Path& supportFolder) {
+  std::vector<Path> removed;
+  const auto clear = [&](const Path& folder, PlaceOf placeOf) {
+    const auto entries = listVisible(files, folder);
+    if (!entries) return;
+    for (const FolderEntry& entry : *entries) {
+      if (serves(entry, placeOf(entry.name))) continue;
+      const Path path = join(folder, entry.name);
+      if (files.remove(path)) removed.push_back(path);
+    }
+  };
+  clear(supportFolder, placeInStore);
+  clear(join(supportFolder, kLogosFolder), placeAmongPictures);
+  const auto entries = listVisible(files, supportFolder);
+  if (!entries) return removed;
+  for (const FolderEntry& entry : *entries) {
+    if (!isRinkFolder(entry)) continue;
+    const Path folder = join(supportFolder, entry.name);
+    clear(folder, placeInRinkFolder);
+    clear(join(folder, kPhotosFolder), placeAmongPictures);
+  }
+  return removed;
 }
 
 void removeLeftoversOfCrash(FileSystem& files, const Path& supportFolder) {

@@ -1,4 +1,6 @@
 #pragma once
+#include <vector>
+
 #include "platform/Console.h"
 #include "platform/FileSystem.h"
 
@@ -11,5 +13,11 @@ void cleanUpStore(FileSystem& files, const Path& supportFolder, Console& console
 
 /// Removes the temporary files that a crash left in the application's folder and in the folders below it.
 void removeLeftoversOfCrash(FileSystem& files, const Path& supportFolder);
+
+/// Removes what stands in the place of the store's own files and folders and can't serve as such: a folder
+/// where a file belongs, and a file or a link where a folder belongs. Left there, it would keep the file from
+/// ever being stored, or lead writing and clean-up out of the store. A link where a file belongs serves: it
+/// can be read, and goes when the file is next written. For the start; the paths of what was removed.
+std::vector<Path> clearStorePlaces(FileSystem& files, const Path& supportFolder);
 
 }  // namespace tarvel

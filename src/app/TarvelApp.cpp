@@ -3,12 +3,18 @@
 #include "app/AppInfo.h"
 
 namespace tarvel {
+namespace {
+
+QString textOf(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
 
 TarvelApp::TarvelApp() : QApplication(ProgramArguments::count, ProgramArguments::list) {
-  setApplicationName(QString::fromUtf8(kAppInfo.name.data(), static_cast<qsizetype>(kAppInfo.name.size())));
-  setApplicationVersion(
-      QString::fromUtf8(kAppInfo.version.data(), static_cast<qsizetype>(kAppInfo.version.size())));
-  setDesktopFileName("tarvel");
+  setApplicationName(textOf(kAppInfo.name));
+  setApplicationVersion(textOf(kAppInfo.version));
+  setDesktopFileName(textOf(kApplicationId));
   // The last window's closing ends the program too, but in the order that the controller keeps.
   setQuitOnLastWindowClosed(false);
 }

@@ -1,6 +1,8 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
+#include <memory>
 
 #include <QSessionManager>
 #include <QStandardPaths>
@@ -8,6 +10,8 @@
 #include "app/AppController.h"
 #include "app/AppInfo.h"
 #include "app/CursorHider.h"
+#include "app/DBusApplication.h"
+#include "app/DesktopRequests.h"
 #include "app/QuitSignals.h"
 #include "app/SingleInstance.h"
 #include "app/TarvelApp.h"
@@ -17,6 +21,7 @@
 #include "platform/posix/ServiceWatchdog.h"
 #include "platform/posix/StandardConsole.h"
 #include "platform/qt/DBusScreenInhibitor.h"
+#include "platform/qt/NetworkWatch.h"
 #include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtImageDecoder.h"
 #include "platform/qt/QtRunLoop.h"
@@ -55,18 +60,8 @@ Path applicationFolder() {
   return join(data.toStdString(), kAppInfo.localizedName);
 }
 
-/// Another start wants to see the application.
-void showYourself(AppController& controller) {
-  // It may ask before the first turn of the loop has opened any window.
-  if (controller.firstActivation) controller.applicationDidBecomeActive();
-  controller.applicationShouldHandleReopen(!Window::orderedWindows().empty());
-  const auto windows = Window::orderedWindows();
-  if (windows.empty()) return;
-  windows.front()->setWindowState(windows.front()->windowState() & ~Qt::WindowMinimized);
-  windows.front()->makeKeyAndOrderFront();
-}
-
-void connectLifecycle(TarvelApp& app, AppController& controller, SingleInstance& instance) {
+void connectLifecycle(TarvelApp& app, AppController& controller, SingleInstance& instance,
+                      DesktopRequests& requests) {
   // The controller quits in its own order once the loop has ended, when nothing can change the model any
   // more.
   app.quitRequested = [&instance] {
@@ -81,15 +76,27 @@ void connectLifecycle(TarvelApp& app, AppController& controller, SingleInstance&
                    [&controller](Qt::ApplicationState state) {
                      if (state == Qt::ApplicationActive) controller.applicationDidBecomeActive();
                    });
-  instance.showYourself = [&controller] { showYourself(controller); };
+  instance.showYourself = [&requests](const StartupNotice& notice) { requests.showYourself(notice); };
+}
+
+std::unique_ptr<DBusApplication> onTheBus(DesktopRequests& requests) {
+  using Notice = const StartupNotice&;
+  const QString id = QString::fromUtf8(kApplicationId.data(), static_cast<qsizetype>(kApplicationId.size()));
+  return std::make_unique<DBusApplication>(
+      QDBusConnection::sessionBus(), id, [&requests](Notice notice) { requests.showYourself(notice); },
+      std::map<QString, DBusApplication::Request>{
+          {QStringLiteral("today-window"), [&requests](Notice notice) { requests.showToday(notice); }},
+          {QStringLiteral("refresh"), [&requests](Notice) { requests.refresh(); }},
+      });
 }
 
 int runTarvel() {
+  const StartupNotice notice = StartupNotice::ofEnvironment();
   TarvelApp app;
   Ports ports;
   const Path folder = applicationFolder();
   SingleInstance instance;
-  switch (instance.claim(ports.files, folder)) {
+  switch (instance.claim(ports.files, folder, notice)) {
     case SingleInstance::Outcome::first:
       break;
     case SingleInstance::Outcome::handedOver:
@@ -99,12 +106,14 @@ int runTarvel() {
       return EXIT_FAILURE;
   }
   initAssets();
+  TarvelApp::setWindowIcon(applicationIcon());
   const SystemAppearance appearance;
   CursorHider cursorHider(ports.mainLoop, ports.workspace);
   AppController controller({ports.services(), ports.workspace, ports.observerCensus, ports.sounds, folder,
                             TARVEL_SERVER_URL, kAppInfo, applicationWindowKinds(), &ports.screenInhibitor,
                             &cursorHider});
-  connectLifecycle(app, controller, instance);
+  DesktopRequests requests(controller);
+  connectLifecycle(app, controller, instance, requests);
   const QuitSignals quitSignals([] { QCoreApplication::quit(); });
   controller.applicationWillFinishLaunching();
   controller.applicationDidFinishLaunching();
@@ -113,11 +122,14 @@ int runTarvel() {
   ports.mainLoop.post([&controller] {
     if (controller.firstActivation) controller.applicationDidBecomeActive();
   });
+  std::unique_ptr<DBusApplication> bus = onTheBus(requests);
+  const NetworkWatch network([&controller] { controller.networkCameBack(); });
   const ServiceWatchdog watchdog(ports.mainLoop, ServiceWatchdog::requestOfEnvironment());
   const int status = QApplication::exec();
   app.quitRequested = nullptr;
   app.disconnect();
   instance.stopListening();
+  bus.reset();
   controller.applicationWillTerminate();
   return status;
 }

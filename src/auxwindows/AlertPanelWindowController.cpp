@@ -1,6 +1,7 @@
 #include "auxwindows/AlertPanelWindowController.h"
 
 #include <QLabel>
+#include <QShortcut>
 #include <algorithm>
 #include <cmath>
 
@@ -42,6 +43,8 @@ AlertPanelWindowController::AlertPanelWindowController(const WindowContext& cont
   badgeView_->hide();
   messageView_ = new AlertMessageView(*this, window());
   window()->setWindowTitle(QStringLiteral("Tarvel"));
+  QObject::connect(new QShortcut(Qt::Key_Escape, window()), &QShortcut::activated, window(),
+                   [this] { window()->performClose(); });
   window()->resize(int(kFirstSize.width), int(kFirstSize.height));
 }
 

@@ -34,7 +34,8 @@ class AlertPanelWindowController : public WindowController, Counted<AlertPanelWi
   /// left of the one before.
   void addButton(const std::string& title);
   /// Lays the panel out for its texts and shows it. The handler is called for each press of a button; the
-  /// panel closes only if the handler closes it, and a panel that has closed calls nobody.
+  /// panel closes only if the handler closes it, or by its user without an answer, and a panel that has
+  /// closed calls nobody.
   void present(CompletionHandler completionHandler);
 
   void windowDidResize() override { layoutViews(); }

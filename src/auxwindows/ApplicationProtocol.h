@@ -22,6 +22,8 @@ class ApplicationProtocol {
   /// Brings the Today window to the front on the rink of the frontmost main window, and opens one if there is
   /// none.
   virtual void todayWindow() {}
+  /// Shows the window that sets the server's address.
+  virtual void tarvelURLWindow() {}
   /// Shows the window that sets the pretend time.
   virtual void clockWindow() {}
   /// Whether the next Today window takes a whole screen.

@@ -2,11 +2,14 @@
 
 #include <QVBoxLayout>
 
+#include "auxwindows/FirstPlace.h"
+
 namespace tarvel {
 namespace {
 
 constexpr int kMargin = 20;
 constexpr int kSpacing = 12;
+constexpr int kLeastWidth = 300;  // within the margins; the menu bar needs it
 
 }  // namespace
 
@@ -34,10 +37,12 @@ void ClockWindowController::makeViews() {
   auto* column = new QVBoxLayout(window());
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(kSpacing);
+  column->addStrut(kLeastWidth);
   column->addWidget(realTimeButton_);
   column->addWidget(pretendTimeButton_);
   column->addWidget(datePicker_);
   column->setSizeConstraint(QLayout::SetFixedSize);
+  placeInMiddle(*window(), {double(column->sizeHint().width()), double(column->sizeHint().height())});
   QObject::connect(realTimeButton_, &QRadioButton::clicked, window(), [this] { setPretend(false); });
   QObject::connect(pretendTimeButton_, &QRadioButton::clicked, window(), [this] { setPretend(true); });
   QObject::connect(datePicker_, &ClockPicker::dateChosen, window(), [this] { setDate(); });

@@ -35,6 +35,7 @@ class ClockWindowController : public WindowController, Counted<ClockWindowContro
   PretendTime& pretendTime() const { return context_.services.pretendTime; }
 
   WindowContext context_;
+  /// A window that opens anew begins with real time chosen, also while a pretend time is in force.
   bool pretendMode_ = false;
   double pretendDateOffset_;  ///< seconds; kept while real time is in force
   // Children of the window:

@@ -152,6 +152,14 @@ void DebugWindowController::restoreSettings(const PropertyList::Dictionary& sett
   splitView_->setSizes({left, room - left});
 }
 
+std::optional<CommandState> DebugWindowController::validateMenuItem(const Command& command) const {
+  return command.action == "copyAsText:" ? std::optional(CommandState{}) : std::nullopt;
+}
+
+void DebugWindowController::performCommand(const Command&) {
+  (observersLogView_->hasFocus() ? observersLogView_ : memoryLogView_)->copyAsText();
+}
+
 void DebugWindowController::windowWillClose() {
   memoryLogView_->close();
   observersLogView_->close();

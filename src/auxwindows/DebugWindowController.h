@@ -3,6 +3,7 @@
 
 #include "auxwindows/LogView.h"
 #include "auxwindows/WindowContext.h"
+#include "ui/CommandTarget.h"
 #include "ui/WindowController.h"
 #include "ui/WindowSettingsProtocol.h"
 
@@ -24,6 +25,7 @@ struct DebugReport {
 /// see what is never let go. Owned by the application. Main thread.
 class DebugWindowController : public WindowController,
                               public WindowSettingsProtocol,
+                              public CommandTarget,
                               Counted<DebugWindowController> {
  public:
   using Counted<DebugWindowController>::liveCount;
@@ -42,6 +44,9 @@ class DebugWindowController : public WindowController,
   void restoreSettings(const PropertyList::Dictionary& settings,
                        FromAnotherDocument fromAnotherDocument) override;
   void defaultSettings() override {}
+  /// Copying takes the list that has the keyboard, or else the live objects.
+  std::optional<CommandState> validateMenuItem(const Command& command) const override;
+  void performCommand(const Command& command) override;
   void windowWillClose() override;
 
   const std::vector<DebugReport>& reports() const { return reports_; }

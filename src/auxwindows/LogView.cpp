@@ -12,6 +12,7 @@
 #include <cmath>
 #include <utility>
 
+#include "ui/FocusRing.h"
 #include "ui/Fonts.h"
 
 namespace tarvel {
@@ -46,6 +47,7 @@ LogView* LogView::createInScrollArea(NotificationCenter& notifications, Observer
   area->setWidget(view);
   area->viewport()->installEventFilter(view);
   view->adjustSize();
+  view->updateScrollBarColor();
   return view;
 }
 
@@ -68,6 +70,7 @@ void LogView::setMessages(std::vector<Message> rows) {
   }
   updateClearLogButton();
   update();
+  accessibleContentChanged();
   changed = false;
 }
 
@@ -83,6 +86,7 @@ void LogView::clearLog() {
 
 void LogView::close() {
   isClosing_ = true;
+  accessibleContentChanged();
   checkObservation_ = {};
 }
 
@@ -91,6 +95,20 @@ void LogView::adjustSize() {
   if (!area) return;
   const QSize room = area->viewport()->size();
   resize(room.width(), std::max(int(std::ceil(rowsHeight())), room.height()));
+}
+
+/// The bar stands on the rows' surface, which isn't that of most lists.
+void LogView::updateScrollBarColor() {
+  const QScrollArea* area = enclosingScrollArea();
+  if (!area) return;
+  QPalette palette;
+  palette.setColor(QPalette::Base, color(kContentBackground2, this));
+  area->verticalScrollBar()->setPalette(palette);
+}
+
+void LogView::changeEvent(QEvent* event) {
+  ScrollableView::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) updateScrollBarColor();
 }
 
 bool LogView::eventFilter(QObject* watched, QEvent* event) {
@@ -114,6 +132,8 @@ void LogView::paintEvent(QPaintEvent* event) {
   const std::ptrdiff_t last =
       std::min(rowAt(dirty.bottom() + 1), static_cast<std::ptrdiff_t>(messages_.size()) - 1);
   for (std::ptrdiff_t row = first; row <= last; ++row) drawRow(painter, static_cast<std::size_t>(row));
+  if (hasKeyboardFocus(*this) && focusedRow_ < messages_.size())
+    drawFocusRing(painter, {0.0, rowY(focusedRow_), double(width()), lineHeight}, *this);
 }
 
 void LogView::drawRow(QPainter& painter, std::size_t row) const {
@@ -122,7 +142,7 @@ void LogView::drawRow(QPainter& painter, std::size_t row) const {
   const TextAttributes& attributes = message.attr ? *message.attr : kTextAttr;
   painter.setFont(attributes.font());
   painter.setPen(attributes.color.resolve(appearanceOf(this)));
-  const double y = kTopMargin + double(row) * lineHeight;
+  const double y = rowY(row);
   const QFontMetricsF metrics(painter.font());
   for (const LogRowPiece& piece : layoutLogRow(message.text, width() - 2 * kSideMargin, metrics)) {
     painter.drawText(QPointF(kSideMargin + piece.x, y + metrics.ascent()), piece.text);
@@ -132,6 +152,7 @@ void LogView::drawRow(QPainter& painter, std::size_t row) const {
 void LogView::keyPressEvent(QKeyEvent* event) {
   QScrollArea* area = enclosingScrollArea();
   if (!area) return event->ignore();
+  if (hasKeyboardFocus(*this) && focusNeighbour(event->key())) return;
   QScrollBar& bar = *area->verticalScrollBar();
   switch (event->key()) {
     case Qt::Key_Up:
@@ -149,6 +170,67 @@ void LogView::keyPressEvent(QKeyEvent* event) {
     default:
       event->ignore();
   }
+}
+
+// The row that has the focus.
+
+AccessibleNode LogView::accessibleTree() const {
+  AccessibleNode list;
+  list.role = QAccessible::List;
+  if (isClosing_) return list;
+  list.children.reserve(messages_.size());
+  for (std::size_t row = 0; row < messages_.size(); ++row) {
+    AccessibleNode node;
+    node.id = QString::number(row);
+    node.name = QString(messages_[row].text).replace(u'\t', u' ');
+    node.rect = QRectF(0.0, rowY(row), width(), lineHeight);
+    node.focusable = true;
+    list.children.push_back(std::move(node));
+  }
+  return list;
+}
+
+QString LogView::accessibleFocus() const {
+  return focusedRow_ < messages_.size() ? QString::number(focusedRow_) : QString();
+}
+
+void LogView::focusAccessible(const QString& id) {
+  bool isNumber = false;
+  const std::size_t row = id.toULongLong(&isNumber);
+  if (isNumber && row < messages_.size()) focusRow(row);
+}
+
+void LogView::focusRow(std::size_t row) {
+  focusedRow_ = row;
+  scrollTo(Animate::no, rowY(row), lineHeight);
+  update();
+  accessibleFocusChanged();
+}
+
+bool LogView::focusNeighbour(int key) {
+  if (messages_.empty() || (key != Qt::Key_Up && key != Qt::Key_Down)) return false;
+  const std::size_t row = std::min(focusedRow_, messages_.size() - 1);
+  if (key == Qt::Key_Down && row + 1 < messages_.size()) focusRow(row + 1);
+  if (key == Qt::Key_Up && row > 0) focusRow(row - 1);
+  return true;
+}
+
+void LogView::focusInEvent(QFocusEvent* event) {
+  ScrollableView::focusInEvent(event);
+  // One who comes by the keyboard begins with the rows in sight.
+  const double top = visibleBand().y;
+  const bool inSight = rowY(focusedRow_) >= top && rowY(focusedRow_) < top + visibleBand().height;
+  if (hasKeyboardFocus(*this) && !inSight && !messages_.empty()) {
+    const auto first = static_cast<std::size_t>(std::max(0.0, std::ceil((top - kTopMargin) / lineHeight)));
+    focusedRow_ = std::min(first, messages_.size() - 1);
+  }
+  update();
+  accessibleFocusChanged();
+}
+
+void LogView::focusOutEvent(QFocusEvent* event) {
+  ScrollableView::focusOutEvent(event);
+  update();
 }
 
 }  // namespace tarvel

@@ -5,6 +5,7 @@
 #include "auxwindows/LogRow.h"
 #include "foundation/InstanceCounter.h"
 #include "foundation/ObserverCensus.h"
+#include "ui/AccessibleView.h"
 #include "ui/ScrollableView.h"
 
 class QAbstractButton;
@@ -12,8 +13,9 @@ class QAbstractButton;
 namespace tarvel {
 
 /// Rows of text, one line each, in a scroll area of its own making. Only the rows that need painting are laid
-/// out, so that a long log costs no more than a short one. The arrow and page keys scroll it. Main thread.
-class LogView : public ScrollableView, Counted<LogView> {
+/// out, so that a long log costs no more than a short one. The arrow and page keys scroll it; for those who
+/// go to it by the keyboard the arrows up and down lead from row to row. Main thread.
+class LogView : public ScrollableView, public AccessibleView, Counted<LogView> {
   Q_OBJECT
  public:
   using Counted<LogView>::liveCount;
@@ -41,19 +43,32 @@ class LogView : public ScrollableView, Counted<LogView> {
   /// From here on nothing is drawn or heard of.
   void close();
 
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void focusAccessible(const QString& id) override;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void adjustSize();
   void updateClearLogButton();
+  void updateScrollBarColor();
   double rowsHeight() const { return lineHeight * double(messages_.size()) + kTopMargin; }
+  double rowY(std::size_t row) const { return kTopMargin + double(row) * lineHeight; }
+  void focusRow(std::size_t row);
+  /// Whether there was a row to go to.
+  bool focusNeighbour(int key);
   void drawRow(QPainter& painter, std::size_t row) const;
 
   QPointer<QAbstractButton> clearLogButton_;
   std::vector<Message> messages_;
+  std::size_t focusedRow_ = 0;  ///< may lie beyond the last
   Observation checkObservation_;
   bool isClosing_ = false;
 };

@@ -1,14 +1,17 @@
 #include "auxwindows/TarvelURLWindowController.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QShortcut>
 
 #include "auxwindows/FirstPlace.h"
 #include "auxwindows/TextButton.h"
 #include "ui/Fonts.h"
 #include "ui/NamedColors.h"
+#include "ui/SystemAppearance.h"
 
 namespace tarvel {
 namespace {
@@ -24,6 +27,13 @@ const QString kUndoName = QStringLiteral("Change URL");
 CommandState undoState(bool enabled, const char* verb, const QString& name) {
   const std::string title = name.isEmpty() ? verb : verb + (" " + name.toStdString());
   return {.enabled = enabled, .title = title};
+}
+
+/// Without blanks at its ends, and without what may come from the clipboard but is no part of any address:
+/// the state file couldn't hold it.
+QString tidied(QString text) {
+  text.removeIf([](QChar c) { return c.category() == QChar::Other_Control || c.isNonCharacter(); });
+  return text.trimmed();
 }
 
 }  // namespace
@@ -119,6 +129,13 @@ void TarvelURLWindowController::connectViews() {
   on(defaultButton_, &QPushButton::clicked, &TarvelURLWindowController::setDefault);
   on(cancelButton_, &QPushButton::clicked, &TarvelURLWindowController::cancel);
   on(enterButton_, &QPushButton::clicked, &TarvelURLWindowController::okay);
+  on(new QShortcut(Qt::Key_Escape, window()), &QShortcut::activated, &TarvelURLWindowController::cancel);
+  if (const SystemAppearance* system = SystemAppearance::instance())
+    on(system, &SystemAppearance::changed, &TarvelURLWindowController::updateMessage);
+  // The return key is the Enter button's unless another button has the keyboard.
+  QObject::connect(qApp, &QApplication::focusChanged, window(), [this](QWidget*, const QWidget* now) {
+    enterButton_->setDefault(now != defaultButton_ && now != cancelButton_);
+  });
 }
 
 void TarvelURLWindowController::updateMessage() {
@@ -144,7 +161,7 @@ bool TarvelURLWindowController::setValue(const QString& value) {
 }
 
 void TarvelURLWindowController::editURLName() {
-  const QString value = urlField_->text().trimmed();
+  const QString value = tidied(urlField_->text());
   if (!setValue(value) && urlField_->text() != value) urlField_->setText(value);
 }
 
@@ -177,14 +194,17 @@ std::optional<CommandState> TarvelURLWindowController::validateMenuItem(const Co
     return undoState(localUndoManager_.canUndo(), "Undo", localUndoManager_.undoText());
   if (command.action == "redo:")
     return undoState(localUndoManager_.canRedo(), "Redo", localUndoManager_.redoText());
+  if (command.action == "copyAsText:") return CommandState{.enabled = urlField_->hasSelectedText()};
   return std::nullopt;
 }
 
 void TarvelURLWindowController::performCommand(const Command& command) {
   if (command.action == "undo:") {
     localUndoManager_.undo();
-  } else {
+  } else if (command.action == "redo:") {
     localUndoManager_.redo();
+  } else {
+    urlField_->copy();
   }
 }
 

@@ -18,6 +18,7 @@ constexpr int kFirstYear = 2000;
 constexpr int kFirstYearsWeekday = 6;  // a Saturday
 constexpr int kYearsAhead = 8;
 constexpr int kLastShortYear = 2999;
+constexpr int kLastYear = 0xFFFF;
 
 using MonthTable = std::array<int, kMonthsPerYear>;
 constexpr MonthTable kDaysInMonth{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -50,6 +51,12 @@ int weekdayOfYearStart(int year) {
   const auto index = static_cast<std::size_t>(year - kFirstYear);
   if (index >= yearStarts().size()) prepareWeekdays(year);
   return yearStarts()[index];
+}
+
+/// The calendar ends with the last day that a packed date holds: a date of a damaged file must not come round
+/// to a year before all others.
+PackedDate packedUpToTheLast(int year, int month, int day) {
+  return year > kLastYear ? packedDate(kLastYear, kMonthsPerYear, 31) : packedDate(year, month, day);
 }
 
 }  // namespace
@@ -104,7 +111,7 @@ PackedDate addDays(PackedDate date, std::int64_t n) {
       ++year;
     }
   }
-  return packedDate(year, month, static_cast<int>(day));
+  return packedUpToTheLast(year, month, static_cast<int>(day));
 }
 
 PackedDate subtractDays(PackedDate date, std::int64_t n) {
@@ -127,7 +134,7 @@ PackedDate addMonths(PackedDate date, std::int64_t n) {
   const std::int64_t months = monthOf(date) - 1 + n;
   const int year = yearOf(date) + static_cast<int>(months / kMonthsPerYear);
   const int month = static_cast<int>(months % kMonthsPerYear) + 1;
-  return packedDate(year, month, std::min(dayOf(date), daysInMonth(year, month)));
+  return packedUpToTheLast(year, month, std::min(dayOf(date), daysInMonth(year, month)));
 }
 
 PackedDate firstOfPreviousMonth(PackedDate date) {
@@ -138,7 +145,7 @@ PackedDate firstOfPreviousMonth(PackedDate date) {
 
 PackedDate firstOfNextMonth(PackedDate date) {
   if (date == kNoDate) return kNoDate;
-  if (monthOf(date) >= kMonthsPerYear) return packedDate(yearOf(date) + 1, 1, 1);
+  if (monthOf(date) >= kMonthsPerYear) return packedUpToTheLast(yearOf(date) + 1, 1, 1);
   return packedDate(yearOf(date), monthOf(date) + 1, 1);
 }
 

@@ -31,6 +31,12 @@ DigitalClockView::DigitalClockView(QWidget* parent) : QWidget(parent) {
   setAccessibleName(QStringLiteral("Time at the rink"));
 }
 
+AccessibleNode DigitalClockView::accessibleTree() const {
+  AccessibleNode clock;
+  clock.role = QAccessible::StaticText;
+  return clock;
+}
+
 void DigitalClockView::setTexts(const ClockTexts& texts) {
   if (texts == texts_) return;
   texts_ = texts;
@@ -39,7 +45,7 @@ void DigitalClockView::setTexts(const ClockTexts& texts) {
 }
 
 QSize DigitalClockView::sizeHint() const {
-  return {kNaturalWidth, kTimeHeight + kDayHeight};
+  return {scaledForText(kNaturalWidth), scaledForText(kTimeHeight + kDayHeight)};
 }
 
 AttributedText DigitalClockView::timeLine(double fontSize) const {
@@ -64,8 +70,8 @@ void DigitalClockView::paintEvent(QPaintEvent*) {
     fontSize -= kTimeSizeStep;
   }
   const Appearance appearance = appearanceOf(this);
-  drawLine(painter, 0.0, kTimeHeight, width(), timeLine(fontSize), appearance);
-  drawLine(painter, kTimeHeight, kDayHeight, width(), dayLine(), appearance);
+  drawLine(painter, 0.0, scaledForText(kTimeHeight), width(), timeLine(fontSize), appearance);
+  drawLine(painter, scaledForText(kTimeHeight), scaledForText(kDayHeight), width(), dayLine(), appearance);
 }
 
 }  // namespace tarvel

@@ -2,6 +2,7 @@
 #include <QWidget>
 #include <string>
 
+#include "ui/AccessibleView.h"
 #include "ui/AttributedText.h"
 
 namespace tarvel {
@@ -17,7 +18,7 @@ struct ClockTexts {
 
 /// The time, large, with its zone beside it, and the day below. Its height is the same whatever it says.
 /// Main thread.
-class DigitalClockView : public QWidget {
+class DigitalClockView : public QWidget, public AccessibleView {
   Q_OBJECT
  public:
   explicit DigitalClockView(QWidget* parent);
@@ -25,6 +26,8 @@ class DigitalClockView : public QWidget {
   void setTexts(const ClockTexts& texts);
   const ClockTexts& texts() const { return texts_; }
   QSize sizeHint() const override;
+
+  AccessibleNode accessibleTree() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -110,6 +110,7 @@ void InfoPane::updateImage() {
 void InfoPane::updateControls() {
   const auto info = rinkInfo_.lock();
   visitWebsiteButton_->setVisible(info && hasWebsite(*info));
+  visitWebsiteButton_->setAccessibleDescription(info ? QString::fromStdString(info->websiteUrl) : QString());
   visitWebsiteButton_->setToolTip(info ? plainToolTip(QString::fromStdString(info->websiteUrl)) : QString());
   locateOnMapButton_->setVisible(info && hasLocation(*info));
 }

@@ -27,7 +27,8 @@ Size asSize(const QSize& size) {
 
 Size textButtonSize(const QPushButton& button) {
   const int text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
-  return asSize({std::max(kNarrowestTextButton, text + 2 * kTextButtonPadding), kTextButtonHeight});
+  return asSize(
+      {std::max(kNarrowestTextButton, text + 2 * kTextButtonPadding), scaledForText(kTextButtonHeight)});
 }
 
 void place(QWidget& view, const Rect& rect) {
@@ -38,7 +39,7 @@ void place(QWidget& view, const Rect& rect) {
 }  // namespace
 
 MainTitleRow::MainTitleRow(QWidget* parent) : QWidget(parent) {
-  setFixedHeight(kHeight);
+  setFixedHeight(scaledForText(kHeight));
   setAccessibleName(QStringLiteral("Window controls"));
   // In the order of the tab key, from the left.
   showRinksButton_ = new IconButton("sidebar-left", QStringLiteral("Show or hide the rinks"), this);
@@ -149,7 +150,7 @@ void MainTitleRow::setShowCalendar(bool shown) {
 
 void MainTitleRow::layoutTitleBar() {
   TitleRowSizes sizes;
-  sizes.bar = {0.0, 0.0, static_cast<double>(width()), static_cast<double>(kHeight)};
+  sizes.bar = {0.0, 0.0, static_cast<double>(width()), static_cast<double>(scaledForText(kHeight))};
   sizes.pane = pane_;
   sizes.showRinksButton = asSize(showRinksButton_->size());
   sizes.backButton = textButtonSize(*backButton_);
@@ -173,7 +174,12 @@ void MainTitleRow::layoutTitleBar() {
 }
 
 QSize MainTitleRow::sizeHint() const {
-  return {QWidget::sizeHint().width(), kHeight};
+  return {QWidget::sizeHint().width(), scaledForText(kHeight)};
+}
+
+void MainTitleRow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) setFixedHeight(scaledForText(kHeight));
 }
 
 void MainTitleRow::resizeEvent(QResizeEvent*) {

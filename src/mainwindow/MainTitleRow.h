@@ -53,6 +53,7 @@ class MainTitleRow : public QWidget {
   void toggleShowCalendar();
 
  protected:
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -2,12 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
 #include "mainwindow/NoticeTexts.h"
 #include "mainwindow/RinkIdentity.h"
+#include "ui/FocusRing.h"
 
 namespace tarvel {
 namespace {
@@ -26,6 +28,8 @@ NoticeBannerView::NoticeBannerView(const WindowContext& context, QWidget* parent
     : DataLoadingView(context.services.notifications, parent),
       console_(context.services.console),
       application_(context.application) {
+  setFocusPolicy(Qt::TabFocus);
+  setAccessibleName(QStringLiteral("Notice"));
   countField_ = new TextLabel(kCountAttributes, TextLabel::Lines::one, this);
   prevButton_ = new BannerButton("chevron-left", QStringLiteral("Previous Notice"), this);
   nextButton_ = new BannerButton("chevron-right", QStringLiteral("Next Notice"), this);
@@ -44,6 +48,7 @@ NoticeBannerView::NoticeBannerView(const WindowContext& context, QWidget* parent
 
 void NoticeBannerView::close() {
   isClosing = true;
+  accessibleContentChanged();
   observations_.clear();
 }
 
@@ -88,17 +93,62 @@ void NoticeBannerView::updateCount() {
   countField_->setVisible(several);
   prevButton_->setVisible(several);
   nextButton_->setVisible(several);
-  describe();
+  accessibleContentChanged();
   if (!several) return;
   countField_->setTextUtf8(fmt::format("{} of {}", currentIndex_ + 1, noticeList_.size()));
   prevButton_->setEnabled(currentIndex_ >= 1);
   nextButton_->setEnabled(currentIndex_ + 1 < noticeList_.size());
 }
 
-void NoticeBannerView::describe() {
-  const bool shows = currentIndex_ < noticeList_.size();
-  setAccessibleName(QStringLiteral("Notice"));
-  setAccessibleDescription(shows ? spokenNotice(*noticeList_[currentIndex_]) : QString());
+// For the keyboard and for screen readers.
+
+AccessibleNode NoticeBannerView::accessibleTree() const {
+  AccessibleNode group;
+  group.role = QAccessible::Grouping;
+  if (isClosing || currentIndex_ >= noticeList_.size()) return group;
+  AccessibleNode notice;
+  notice.id = accessibleFocus();
+  notice.role = QAccessible::Notification;
+  notice.name = spokenNotice(*noticeList_[currentIndex_]);
+  notice.rect = QRectF(0.0, 0.0, width() - BannerLayout::kControlsWidth, height());
+  notice.focusable = true;
+  notice.action = QStringLiteral("Show among the notices");
+  group.children.push_back(notice);
+  return group;
+}
+
+QString NoticeBannerView::accessibleFocus() const {
+  if (currentIndex_ >= noticeList_.size()) return {};
+  return QString::number(noticeList_[currentIndex_]->noticeID);
+}
+
+void NoticeBannerView::pressAccessible(const QString& id) {
+  if (id == accessibleFocus()) choose();
+}
+
+void NoticeBannerView::choose() {
+  // What is out of date doesn't show, so that nobody can have meant it. A banner on show keeps its rink, also
+  // when all of that rink's notices have been dismissed meanwhile: it is empty then, and nothing can be
+  // meant.
+  if (isAwaitingData || !isPresented() || currentIndex_ >= noticeList_.size()) return;
+  if (noticeChosen) noticeChosen(noticeList_[currentIndex_]);
+}
+
+void NoticeBannerView::keyPressEvent(QKeyEvent* event) {
+  const bool chooses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!chooses || !hasKeyboardFocus(*this)) return DataLoadingView::keyPressEvent(event);
+  choose();
+}
+
+void NoticeBannerView::focusInEvent(QFocusEvent* event) {
+  DataLoadingView::focusInEvent(event);
+  setNeedsDisplay(true);
+  accessibleFocusChanged();
+}
+
+void NoticeBannerView::focusOutEvent(QFocusEvent* event) {
+  DataLoadingView::focusOutEvent(event);
+  setNeedsDisplay(true);
 }
 
 void NoticeBannerView::dismissCurrent() {
@@ -131,6 +181,11 @@ void NoticeBannerView::closeBanner() {
 
 void NoticeBannerView::draw(QPainter& painter, const Rect&) {
   if (currentIndex_ >= noticeList_.size()) return;
+  drawNotice(painter);
+  if (hasKeyboardFocus(*this)) drawFocusRing(painter, rect(), *this);
+}
+
+void NoticeBannerView::drawNotice(QPainter& painter) const {
   const Notice& notice = *noticeList_[currentIndex_];
   const BannerLayout layout{{static_cast<double>(width()), static_cast<double>(height())}};
   if (layout.textWidth() <= 0.0) return;
@@ -167,12 +222,7 @@ void NoticeBannerView::mousePressEvent(QMouseEvent* event) {
   console_.printLine("NoticeBannerView mouseDown");
   if (!isPresented()) return DataLoadingView::mousePressEvent(event);
   const BannerLayout layout{{static_cast<double>(width()), static_cast<double>(height())}};
-  // What is out of date doesn't show, so that nobody can have meant it.
-  if (isAwaitingData || layout.isOnControls(event->position().x())) return;
-  // A banner on show keeps its rink, also when all of that rink's notices have been dismissed meanwhile: it
-  // is empty then, and nothing can be meant.
-  if (currentIndex_ >= noticeList_.size()) return;
-  if (noticeChosen) noticeChosen(noticeList_[currentIndex_]);
+  if (!layout.isOnControls(event->position().x())) choose();
 }
 
 }  // namespace tarvel

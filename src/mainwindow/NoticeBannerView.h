@@ -8,14 +8,15 @@
 #include "mainwindow/BannerLayout.h"
 #include "mainwindow/TextLabel.h"
 #include "model/RinkData.h"
+#include "ui/AccessibleView.h"
 #include "ui/DataLoadingView.h"
 
 namespace tarvel {
 
 /// Shows one of a rink's notices at a time, of those that the user hasn't dismissed, with its position and
-/// arrows. Leaving a notice dismisses it; it stays among those on show until the list is read anew. Main
-/// thread.
-class NoticeBannerView : public DataLoadingView, Counted<NoticeBannerView> {
+/// arrows. A click on it, or Return while it has the keyboard, chooses it. Leaving a notice dismisses it; it
+/// stays among those on show until the list is read anew. Main thread.
+class NoticeBannerView : public DataLoadingView, public AccessibleView, Counted<NoticeBannerView> {
   Q_OBJECT
  public:
   using Counted<NoticeBannerView>::liveCount;
@@ -40,6 +41,10 @@ class NoticeBannerView : public DataLoadingView, Counted<NoticeBannerView> {
   /// Called with the notice on show when the user clicks on it; may be empty.
   std::function<void(const std::shared_ptr<const Notice>&)> noticeChosen;
 
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void pressAccessible(const QString& id) override;
+
   void loadData() override;
   /// Stops observing; final. Not the toolkit's operation of this name.
   void close();
@@ -49,13 +54,17 @@ class NoticeBannerView : public DataLoadingView, Counted<NoticeBannerView> {
   QColor backgroundColor() const override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void noticesChanged(const Notification& notification);
   void dismissCurrent();
   void goTo(std::size_t index);
   void updateCount();
-  void describe();
+  void choose();
+  void drawNotice(QPainter& painter) const;
 
   Console& console_;
   ApplicationProtocol& application_;

@@ -1,6 +1,7 @@
 #include "mainwindow/NoticesView.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -28,6 +29,10 @@ std::optional<double> heightOf(const std::string& text, const TextAttributes& at
   return heightOf(AttributedText(text, attributes), width);
 }
 
+QString idOf(const Notice& notice) {
+  return QString::number(notice.noticeID);
+}
+
 }  // namespace
 
 NoticesView::NoticesView(const WindowContext& context, QWidget* parent)
@@ -48,6 +53,7 @@ NoticesView::NoticesView(const WindowContext& context, QWidget* parent)
 
 void NoticesView::close() {
   isClosing = true;
+  accessibleContentChanged();
   observations_.clear();
   wakeSubscription_.reset();
 }
@@ -73,7 +79,7 @@ void NoticesView::loadData() {
   measuredWidth_ = kNotMeasured;
   adjustSize();
   selectNotice(std::exchange(noticeToSelect_, nullptr));
-  describe();
+  accessibleContentChanged();
 }
 
 void NoticesView::measureRows(double width) {
@@ -178,7 +184,8 @@ void NoticesView::selectNotice(std::shared_ptr<const Notice> notice) {
     redrawRowOf(selectedNotice_);
     selectedNotice_ = std::move(notice);
     redrawRowOf(selectedNotice_);
-    describe();
+    accessibleSelectionChanged();
+    accessibleFocusChanged();
   }
   if (!row) return;
   const Rect rect = layout_.rowRect(*row, width());
@@ -192,14 +199,51 @@ void NoticesView::redrawRowOf(const std::shared_ptr<const Notice>& notice) {
   update(QRectF(rect.x, rect.y, rect.width, rect.height).toAlignedRect());
 }
 
-void NoticesView::describe() {
-  QStringList notices;
-  for (const auto& notice : noticeList_) notices.push_back(spokenNotice(*notice));
-  setAccessibleDescription(selectedNotice_ ? spokenNotice(*selectedNotice_) : notices.join("\n\n"));
+// For the keyboard and for screen readers.
+
+AccessibleNode NoticesView::accessibleTree() const {
+  AccessibleNode list;
+  list.role = QAccessible::List;
+  if (isClosing || isAwaitingData) return list;
+  for (std::size_t index = 0; index < noticeList_.size(); ++index) {
+    const Rect rect = layout_.rowRect(index, width());
+    AccessibleNode row;
+    row.id = idOf(*noticeList_[index]);
+    row.name = spokenNotice(*noticeList_[index]);
+    row.rect = QRectF(rect.x, rect.y, rect.width, rect.height);
+    row.focusable = row.selectable = true;
+    row.selected = noticeList_[index] == selectedNotice_;
+    list.children.push_back(row);
+  }
+  return list;
+}
+
+QString NoticesView::accessibleFocus() const {
+  return selectedNotice_ ? idOf(*selectedNotice_) : QString();
+}
+
+void NoticesView::focusAccessible(const QString& id) {
+  const auto found = std::find_if(noticeList_.begin(), noticeList_.end(),
+                                  [&](const auto& notice) { return idOf(*notice) == id; });
+  if (found != noticeList_.end()) selectNotice(*found);
+}
+
+void NoticesView::keyPressEvent(QKeyEvent* event) {
+  const bool isDown = event->key() == Qt::Key_Down;
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (plain && !isAwaitingData && (isDown || event->key() == Qt::Key_Up)) {
+    const AccessibleNode tree = accessibleTree();
+    const QString next = selectedNotice_
+                             ? neighbourOf(tree, accessibleFocus(), isDown ? FocusStep::down : FocusStep::up)
+                             : endOf(tree, isDown ? FocusEnd::first : FocusEnd::last);
+    if (!next.isEmpty()) return focusAccessible(next);
+  }
+  DataLoadingView::keyPressEvent(event);
 }
 
 void NoticesView::focusInEvent(QFocusEvent*) {
   isFirstResponder_ = true;
+  accessibleFocusChanged();
   updateActive();
 }
 

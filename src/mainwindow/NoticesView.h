@@ -6,13 +6,15 @@
 #include "mainwindow/NoticeLayout.h"
 #include "model/RinkData.h"
 #include "schedule/MainStateWatch.h"
+#include "ui/AccessibleView.h"
 #include "ui/DataLoadingView.h"
 
 namespace tarvel {
 
 /// All notices of a rink, one below the other, in a scroll area. A click selects one, which gives it a frame.
-/// It has no keys of its own: those that it is given scroll the area around it. Main thread.
-class NoticesView : public DataLoadingView, Counted<NoticesView> {
+/// The keys up and down select the neighbour of the selected one; all others, and those two where there is
+/// none, scroll the area around it. Main thread.
+class NoticesView : public DataLoadingView, public AccessibleView, Counted<NoticesView> {
   Q_OBJECT
  public:
   using Counted<NoticesView>::liveCount;
@@ -31,6 +33,10 @@ class NoticesView : public DataLoadingView, Counted<NoticesView> {
   /// True for the first responder of the main window; it chooses the selection's colour.
   bool isActive() const { return isActive_; }
 
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void focusAccessible(const QString& id) override;
+
   void loadData() override;
   /// Fits the view to the width around it, and to its rows. Not the toolkit's operation of this name.
   void adjustSize();
@@ -42,6 +48,7 @@ class NoticesView : public DataLoadingView, Counted<NoticesView> {
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
@@ -54,7 +61,6 @@ class NoticesView : public DataLoadingView, Counted<NoticesView> {
   std::optional<std::size_t> rowOf(const std::shared_ptr<const Notice>& notice) const;
   void redrawRowOf(const std::shared_ptr<const Notice>& notice);
   void updateActive();
-  void describe();
 
   static constexpr double kNotMeasured = -1.0;
 

@@ -15,8 +15,6 @@ namespace {
 constexpr double kCaptionedMargin = 5.0;
 /// A scroll bar that comes and goes with the layout must not do so for ever.
 constexpr int kMostLayouts = 2;
-/// A longer list is summed up for the screen reader.
-constexpr std::size_t kMostSpokenCells = 30;
 
 }  // namespace
 
@@ -57,6 +55,7 @@ void PhotoCellsView::close() {
   observations_.clear();
   wakeSubscription_.reset();
   shown_.setShown(false);
+  accessibleContentChanged();
 }
 
 void PhotoCellsView::setPresented(bool presented) {
@@ -147,22 +146,65 @@ void PhotoCellsView::scrollToCell(std::size_t cell) {
   scrollTo(layout_.rects()[cell].y, layout_.rects()[cell].height);
 }
 
+// For screen readers.
+
 void PhotoCellsView::describe() {
-  const auto spoken = [this](std::size_t cell) {
-    const Caption texts = caption(cell);
-    QStringList parts;
-    for (const std::string& text : {texts.title, texts.descr, texts.count}) {
-      if (!text.empty()) parts.push_back(QString::fromStdString(text));
-    }
-    return parts.join(QStringLiteral(", "));
-  };
-  if (const auto selected = selectedCell()) return setAccessibleDescription(spoken(*selected));
-  if (photos().empty()) return setAccessibleDescription(QString::fromStdString(messageWithoutCells()));
-  QStringList cells;
-  for (std::size_t cell = 0; cell < std::min(photos().size(), kMostSpokenCells); ++cell) {
-    cells.push_back(spoken(cell));
+  setAccessibleDescription(photos().empty() ? QString::fromStdString(messageWithoutCells()) : QString());
+  accessibleContentChanged();
+  accessibleSelectionChanged();
+  accessibleFocusChanged();
+}
+
+QString PhotoCellsView::spokenCell(std::size_t cell) const {
+  const Caption texts = caption(cell);
+  QStringList parts;
+  for (const std::string& text : {texts.title, texts.descr, texts.count}) {
+    if (!text.empty()) parts.push_back(QString::fromStdString(text));
   }
-  setAccessibleDescription(cells.join(QLatin1Char('\n')));
+  return parts.join(QStringLiteral(", "));
+}
+
+AccessibleNode PhotoCellsView::accessibleTree() const {
+  AccessibleNode list;
+  list.role = QAccessible::List;
+  if (isClosing || isAwaitingData) return list;
+  const auto selected = selectedCell();
+  const std::size_t count = std::min(photos().size(), layout_.rects().size());
+  for (std::size_t cell = 0; cell < count; ++cell) {
+    const Rect& rect = layout_.rects()[cell];
+    AccessibleNode node;
+    node.id = QString::number(cell);
+    node.name = spokenCell(cell);
+    node.rect = QRectF(rect.x, rect.y, rect.width, rect.height);
+    node.focusable = node.selectable = true;
+    node.selected = cell == selected;
+    node.action = QStringLiteral("Open");
+    list.children.push_back(node);
+  }
+  return list;
+}
+
+QString PhotoCellsView::accessibleFocus() const {
+  const auto selected = isClosing ? std::nullopt : selectedCell();
+  return selected ? QString::number(*selected) : QString();
+}
+
+std::optional<std::size_t> PhotoCellsView::cellOf(const QString& id) const {
+  bool isNumber = false;
+  const std::size_t cell = id.toULongLong(&isNumber);
+  const bool exists = isNumber && !isClosing && !isAwaitingData && cell < photos().size();
+  return exists ? std::optional(cell) : std::nullopt;
+}
+
+void PhotoCellsView::pressAccessible(const QString& id) {
+  if (const auto cell = cellOf(id)) openCell(*cell);
+}
+
+void PhotoCellsView::focusAccessible(const QString& id) {
+  const auto cell = cellOf(id);
+  if (!cell) return;
+  selectCell(cell);
+  scrollToCell(*cell);
 }
 
 void PhotoCellsView::mousePressEvent(QMouseEvent* event) {
@@ -214,6 +256,7 @@ bool PhotoCellsView::takesKey(const QKeyEvent& event) {
 void PhotoCellsView::focusInEvent(QFocusEvent* event) {
   isFirstResponder_ = true;
   cameByKeys_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  accessibleFocusChanged();
   updateActive();
 }
 

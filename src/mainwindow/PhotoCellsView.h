@@ -10,6 +10,7 @@
 #include "model/RinkData.h"
 #include "model/ShownPhotos.h"
 #include "schedule/MainStateWatch.h"
+#include "ui/AccessibleView.h"
 #include "ui/DataLoadingView.h"
 
 namespace tarvel {
@@ -17,7 +18,7 @@ namespace tarvel {
 /// What the gallery and the album share: a flow of cells in a scroll area, each with a picture and, where
 /// pictures are high enough, a caption; selection by mouse and keys. Only the cells that are drawn have their
 /// images fetched and decoded. The deriving view tells what the cells are. Main thread.
-class PhotoCellsView : public DataLoadingView {
+class PhotoCellsView : public DataLoadingView, public AccessibleView {
   Q_OBJECT
  public:
   double photoHeight() const { return photoHeight_; }
@@ -30,6 +31,11 @@ class PhotoCellsView : public DataLoadingView {
   bool isActive() const { return isActive_; }
   /// The next data pass scrolls to the top.
   void scrollToTopWithData() { scrollToTop_ = true; }
+
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void pressAccessible(const QString& id) override;
+  void focusAccessible(const QString& id) override;
 
   void setPresented(bool presented) override;
   /// Lays the cells out for the room around the view, and fits its height to them. Does nothing while the
@@ -68,7 +74,7 @@ class PhotoCellsView : public DataLoadingView {
   const PhotoList& photos() const { return shown_.photos(); }
   PhotosViewOwner& owner() const { return owner_; }
   void scrollToCell(std::size_t cell);
-  /// What a screen reader says of the view.
+  /// Tells screen readers that the cells, or which of them is selected, have changed.
   void describe();
 
   void draw(QPainter& painter, const Rect& dirty) override;
@@ -100,6 +106,8 @@ class PhotoCellsView : public DataLoadingView {
   void drawMessage(QPainter& painter) const;
   void drawCell(QPainter& painter, std::size_t cell);
   void drawCaption(QPainter& painter, std::size_t cell);
+  QString spokenCell(std::size_t cell) const;
+  std::optional<std::size_t> cellOf(const QString& id) const;
   bool takesKey(const QKeyEvent& event);
   void updateActive();
 

@@ -64,6 +64,7 @@ void PhotoView::close() {
   observations_.clear();
   wakeSubscription_.reset();
   shown_.setPhotos({nullptr});
+  accessibleContentChanged();
 }
 
 void PhotoView::setPhoto(const std::shared_ptr<Photo>& photo) {
@@ -73,6 +74,28 @@ void PhotoView::setPhoto(const std::shared_ptr<Photo>& photo) {
   setAccessibleDescription(QString::fromStdString(text));
   adjustSize();
   needsData();
+  accessibleContentChanged();
+}
+
+AccessibleNode PhotoView::accessibleTree() const {
+  AccessibleNode page;
+  page.role = QAccessible::Grouping;
+  if (isClosing || !currentPhoto()) return page;
+  const Photo& photo = *currentPhoto();
+  AccessibleNode picture;
+  picture.id = QString::number(photo.photoID);
+  picture.role = QAccessible::Graphic;
+  picture.name =
+      photo.title.empty() ? QStringLiteral("Photo without a title") : QString::fromStdString(photo.title);
+  picture.description = QString::fromStdString(photo.descr);
+  picture.rect = QRectF(places_.photo.x, places_.photo.y, places_.photo.width, places_.photo.height);
+  picture.action = readOnly ? QString() : QStringLiteral("Back to the album");
+  page.children.push_back(picture);
+  return page;
+}
+
+void PhotoView::pressAccessible(const QString&) {
+  if (currentPhoto() && !readOnly && !isClosing) owner_.back();
 }
 
 void PhotoView::setPresented(bool presented) {

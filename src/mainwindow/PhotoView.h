@@ -7,12 +7,13 @@
 #include "model/RinkData.h"
 #include "model/ShownPhotos.h"
 #include "schedule/PagedView.h"
+#include "ui/AccessibleView.h"
 
 namespace tarvel {
 
 /// A page with one photo as large as the page allows, over its title and description. A double click or
 /// Escape leads back to the album. Main thread.
-class PhotoView : public PagedView, Counted<PhotoView> {
+class PhotoView : public PagedView, public AccessibleView, Counted<PhotoView> {
   Q_OBJECT
  public:
   using Counted<PhotoView>::liveCount;
@@ -33,6 +34,10 @@ class PhotoView : public PagedView, Counted<PhotoView> {
 
   bool readOnly = false;   ///< a double click does nothing
   bool showFocus = false;  ///< the pane that the page stands in shows that the page has the keyboard
+
+  AccessibleNode accessibleTree() const override;
+  void pressAccessible(const QString& id) override;
+  Qt::FocusPolicy focusPolicyInView() const override { return Qt::StrongFocus; }
 
   void loadData() override;
   void setPresented(bool presented) override;

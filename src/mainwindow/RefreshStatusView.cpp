@@ -44,6 +44,8 @@ void RefreshStatusView::updateTexts() {
   if (thing) toolTip += QStringLiteral("\n") + QString::fromStdString(thing->refreshName());
   if (failed) toolTip += QStringLiteral("\n\n") + QString::fromStdString(thing->errorLog()).trimmed();
   button_->setToolTip(plainToolTip(toolTip));
+  // Nobody wants the tip's markup read aloud.
+  button_->setAccessibleDescription(toolTip);
 }
 
 }  // namespace tarvel

@@ -37,7 +37,10 @@ RinkListView::RinkListView(const WindowContext& context, QWidget* parent)
   NotificationCenter& center = context.services.notifications;
   const auto redraw = [this](const Notification&) { setNeedsDisplay(true); };
   observations_.push_back(center.observe(kRinkListChanged, [this](const Notification&) { needsData(); }));
-  observations_.push_back(center.observe(kRinkInfoChanged, redraw));
+  observations_.push_back(center.observe(kRinkInfoChanged, [this](const Notification&) {
+    setNeedsDisplay(true);
+    accessibleContentChanged();
+  }));
   observations_.push_back(center.observe(kRinkLogoChanged, redraw));
   observations_.push_back(center.observe(
       kCheckObservers,
@@ -48,6 +51,7 @@ RinkListView::RinkListView(const WindowContext& context, QWidget* parent)
 
 void RinkListView::close() {
   isClosing = true;
+  accessibleContentChanged();
   observations_.clear();
 }
 
@@ -56,6 +60,7 @@ void RinkListView::loadData() {
   isAwaitingData = false;
   rinks_ = dataModel_.rinkList;
   setNeedsDisplay(true);
+  accessibleContentChanged();
   if (listLoaded) listLoaded();
 }
 
@@ -131,6 +136,8 @@ void RinkListView::selectRink(const std::shared_ptr<RinkInfo>& rink) {
     scrollTo(static_cast<double>(found - rinks_.begin()) * kRowHeight, kRowHeight);
   }
   setNeedsDisplay(true);
+  accessibleSelectionChanged();
+  accessibleFocusChanged();
   notifications().postNotification(kSelectionChanged, this);
 }
 
@@ -142,10 +149,51 @@ std::shared_ptr<RinkInfo> RinkListView::rinkAt(double y) const {
 
 void RinkListView::mousePressEvent(QMouseEvent* event) {
   if (!enabled || event->button() != Qt::LeftButton) return;
-  const auto rink = rinkAt(event->position().y());
+  choose(rinkAt(event->position().y()));
+}
+
+void RinkListView::choose(const std::shared_ptr<RinkInfo>& rink) {
   if (rink == selectedRink_) return;
   selectRink(rink);
   application_.markChanged();
+}
+
+// For screen readers.
+
+AccessibleNode RinkListView::accessibleTree() const {
+  AccessibleNode list;
+  list.role = QAccessible::List;
+  if (isClosing) return list;
+  for (std::size_t index = 0; index < rinks_.size(); ++index) {
+    AccessibleNode row;
+    row.id = QString::number(rinks_[index]->rinkID);
+    row.name = QString::fromStdString(rinks_[index]->name);
+    row.rect = QRectF(0.0, static_cast<double>(index) * kRowHeight, width(), kRowHeight);
+    row.focusable = row.selectable = enabled;
+    row.selected = rinks_[index] == selectedRink_;
+    row.action = enabled ? QStringLiteral("Show this rink") : QString();
+    list.children.push_back(row);
+  }
+  return list;
+}
+
+QString RinkListView::accessibleFocus() const {
+  return selectedRink_ ? QString::number(selectedRink_->rinkID) : QString();
+}
+
+std::shared_ptr<RinkInfo> RinkListView::rinkOf(const QString& id) const {
+  const auto found = std::find_if(rinks_.begin(), rinks_.end(),
+                                  [&](const auto& rink) { return QString::number(rink->rinkID) == id; });
+  return found == rinks_.end() ? nullptr : *found;
+}
+
+void RinkListView::pressAccessible(const QString& id) {
+  if (const auto rink = rinkOf(id); rink && enabled) choose(rink);
+}
+
+void RinkListView::focusAccessible(const QString& id) {
+  // In a list of which one row is chosen the focus is with that row.
+  if (const auto rink = rinkOf(id); rink && enabled) selectRink(rink);
 }
 
 void RinkListView::keyPressEvent(QKeyEvent* event) {
@@ -172,6 +220,7 @@ void RinkListView::selectNeighbour(Neighbour neighbour) {
 
 void RinkListView::focusInEvent(QFocusEvent*) {
   isFirstResponder_ = true;
+  accessibleFocusChanged();
   updateActive();
 }
 

@@ -5,13 +5,14 @@
 
 #include "auxwindows/WindowContext.h"
 #include "schedule/MainStateWatch.h"
+#include "ui/AccessibleView.h"
 #include "ui/DataLoadingView.h"
 
 namespace tarvel {
 
 /// All rinks of the catalogue, a row each with logo and name, in a scroll area. Selecting a row selects the
 /// rink of the window: "selection changed" follows.
-class RinkListView : public DataLoadingView, Counted<RinkListView> {
+class RinkListView : public DataLoadingView, public AccessibleView, Counted<RinkListView> {
   Q_OBJECT
  public:
   using Counted<RinkListView>::liveCount;
@@ -29,6 +30,11 @@ class RinkListView : public DataLoadingView, Counted<RinkListView> {
   bool isActive() const { return isActive_; }
   /// Called when the list has been read anew; may be empty.
   std::function<void()> listLoaded;
+
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void pressAccessible(const QString& id) override;
+  void focusAccessible(const QString& id) override;
 
   void loadData() override;
   /// Fits the view to the room around it; not the toolkit's operation of this name. It runs when that room
@@ -51,6 +57,8 @@ class RinkListView : public DataLoadingView, Counted<RinkListView> {
 
   void drawRow(QPainter& painter, RinkInfo& rink, double y) const;
   std::shared_ptr<RinkInfo> rinkAt(double y) const;
+  std::shared_ptr<RinkInfo> rinkOf(const QString& id) const;
+  void choose(const std::shared_ptr<RinkInfo>& rink);
   void selectNeighbour(Neighbour neighbour);
   void attachToParent();
   void updateActive();

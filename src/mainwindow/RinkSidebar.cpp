@@ -5,15 +5,11 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
-#include "mainwindow/RefreshTexts.h"
-
 namespace tarvel {
 namespace {
 
 constexpr int kBorder = 1;
 constexpr int kStatusMargin = 8;
-constexpr int kExplanationMargin = 20;
-const TextAttributes kExplanationAttributes{13.0, FontWeight::regular, kSecondaryLabel, kCentredStyle};
 
 }  // namespace
 
@@ -26,22 +22,21 @@ RinkSidebar::RinkSidebar(const WindowContext& context, QWidget* parent)
   rinkListScroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   rinkListView_ = new RinkListView(context);
   rinkListScroller_->setWidget(rinkListView_);
-  explanation_ = new TextLabel(kExplanationAttributes, TextLabel::Lines::several, this);
+  emptyList_ = new EmptyListView(context, this);
   refreshStatus_ =
       new RefreshStatusView(context.services, RefreshStatusView::Arrangement::buttonThenText, this);
 
-  explanation_->setContentsMargins(kExplanationMargin, 0, kExplanationMargin, 0);
   // One of the two has all the room.
-  rinkListOrExplanation_ = new QStackedLayout;
-  rinkListOrExplanation_->addWidget(rinkListScroller_);
-  rinkListOrExplanation_->addWidget(explanation_);
+  rinkListOrEmpty_ = new QStackedLayout;
+  rinkListOrEmpty_->addWidget(rinkListScroller_);
+  rinkListOrEmpty_->addWidget(emptyList_);
   auto* statusRow = new QHBoxLayout;
   statusRow->setContentsMargins(kStatusMargin, kStatusMargin + kBorder, kStatusMargin, kStatusMargin);
   statusRow->addWidget(refreshStatus_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, kBorder, 0);
   column->setSpacing(0);
-  column->addLayout(rinkListOrExplanation_, 1);
+  column->addLayout(rinkListOrEmpty_, 1);
   column->addLayout(statusRow);
 
   rinkListView_->listLoaded = [this] { updateTexts(); };
@@ -58,11 +53,11 @@ void RinkSidebar::close() {
 
 void RinkSidebar::updateTexts() {
   const bool empty = rinkListView_->rinks().empty();
-  explanation_->setTextUtf8(empty ? emptyListText(dataModel_, dataModel_.tarvelServerURL) : std::string());
   if (empty) {
-    rinkListOrExplanation_->setCurrentWidget(explanation_);
-  } else if (rinkListOrExplanation_->currentWidget() != rinkListScroller_) {
-    rinkListOrExplanation_->setCurrentWidget(rinkListScroller_);
+    emptyList_->updateContent();
+    rinkListOrEmpty_->setCurrentWidget(emptyList_);
+  } else if (rinkListOrEmpty_->currentWidget() != rinkListScroller_) {
+    rinkListOrEmpty_->setCurrentWidget(rinkListScroller_);
     // While it was hidden, the keyboard that was meant for it went to some control beside it.
     if (rinkListView_->enabled) rinkListView_->setFocus();
   }

@@ -1,6 +1,7 @@
 #pragma once
 #include <QWidget>
 
+#include "mainwindow/EmptyListView.h"
 #include "mainwindow/RefreshStatusView.h"
 #include "mainwindow/RinkListView.h"
 
@@ -9,8 +10,8 @@ class QStackedLayout;
 
 namespace tarvel {
 
-/// The window's left side: the list of rinks, or, while there are none, words on what is being done about
-/// that; and under it how current the catalogue is.
+/// The window's left side: the list of rinks, or, while there are none, what can be done about that; and
+/// under it how current the catalogue is.
 class RinkSidebar : public QWidget {
   Q_OBJECT
  public:
@@ -19,7 +20,7 @@ class RinkSidebar : public QWidget {
   RinkSidebar(const WindowContext& context, QWidget* parent);
   RinkListView& rinkListView() const { return *rinkListView_; }
   RefreshStatusView& refreshStatus() const { return *refreshStatus_; }
-  QString emptyListMessage() const { return explanation_->text(); }
+  EmptyListView& emptyList() const { return *emptyList_; }
   /// Stops observing; final. Not the toolkit's operation of this name.
   void close();
 
@@ -31,9 +32,9 @@ class RinkSidebar : public QWidget {
 
   DataModel& dataModel_;
   QScrollArea* rinkListScroller_;
-  QStackedLayout* rinkListOrExplanation_;
+  QStackedLayout* rinkListOrEmpty_;
   RinkListView* rinkListView_;
-  TextLabel* explanation_;
+  EmptyListView* emptyList_;
   RefreshStatusView* refreshStatus_;
   RefreshWatch watch_;
 };

@@ -1,6 +1,7 @@
 #include "mainwindow/ScheduleAdjustmentsView.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -40,9 +41,7 @@ ScheduleAdjustmentsView::ScheduleAdjustmentsView(QWidget* parent) : QWidget(pare
   row->addWidget(smallerTextButton_);
   row->addWidget(largerTextButton_);
 
-  // What may be hidden leaves its room, and nothing else moves; the other check box takes the middle.
-  fitVerticallyCheckbox_->setMinimumWidth(showTimesCheckbox_->sizeHint().width());
-  setFixedHeight(sizeHint().height());
+  setSizes();
 
   connect(fitVerticallyCheckbox_, &QCheckBox::clicked, this, &ScheduleAdjustmentsView::fitToggled);
   connect(showTimesCheckbox_, &QCheckBox::clicked, this, &ScheduleAdjustmentsView::showTimesToggled);
@@ -53,7 +52,6 @@ ScheduleAdjustmentsView::ScheduleAdjustmentsView(QWidget* parent) : QWidget(pare
 QCheckBox* ScheduleAdjustmentsView::makeCheckbox(const QString& title, const QString& help) {
   auto* checkbox = new QCheckBox(title, this);
   checkbox->setFont(systemFont(kTitleSize));
-  checkbox->setFixedHeight(kCheckboxHeight);
   checkbox->setFocusPolicy(Qt::TabFocus);
   checkbox->setToolTip(help);
   return checkbox;
@@ -62,11 +60,30 @@ QCheckBox* ScheduleAdjustmentsView::makeCheckbox(const QString& title, const QSt
 QPushButton* ScheduleAdjustmentsView::makeTextSizeButton(const QString& title, const QString& name) {
   auto* button = new QPushButton(title, this);
   button->setFont(systemFont(kTitleSize));
-  button->setFixedWidth(kTextSizeButtonWidth);
   button->setFocusPolicy(Qt::TabFocus);
   button->setAccessibleName(name);
   button->setToolTip(name);
   return button;
+}
+
+void ScheduleAdjustmentsView::setSizes() {
+  for (QCheckBox* checkbox : {fitVerticallyCheckbox_, showTimesCheckbox_})
+    checkbox->setFixedHeight(scaledForText(kCheckboxHeight));
+  for (QPushButton* button : {smallerTextButton_, largerTextButton_})
+    button->setFixedWidth(scaledForText(kTextSizeButtonWidth));
+  // What may be hidden leaves its room, and nothing else moves; the other check box takes the middle.
+  fitVerticallyCheckbox_->setMinimumWidth(showTimesCheckbox_->sizeHint().width());
+  setFixedHeight(sizeHint().height());
+}
+
+void ScheduleAdjustmentsView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange && largerTextButton_) setSizes();
+}
+
+void ScheduleAdjustmentsView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  setSizes();
 }
 
 void ScheduleAdjustmentsView::setFit(bool on) {

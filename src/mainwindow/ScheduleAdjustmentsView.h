@@ -26,14 +26,19 @@ class ScheduleAdjustmentsView : public QWidget {
   void decreaseTextSize();
   void increaseTextSize();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void setSizes();
   QCheckBox* makeCheckbox(const QString& title, const QString& help);
   QPushButton* makeTextSizeButton(const QString& title, const QString& name);
 
   QCheckBox* fitVerticallyCheckbox_;
   QCheckBox* showTimesCheckbox_;
   QPushButton* smallerTextButton_;
-  QPushButton* largerTextButton_;
+  QPushButton* largerTextButton_ = nullptr;
 };
 
 }  // namespace tarvel

@@ -10,6 +10,7 @@
 #include "mainwindow/ContentBox.h"
 #include "mainwindow/ScheduleSidebarLayout.h"
 #include "mainwindow/TextLabel.h"
+#include "ui/Fonts.h"
 #include "ui/AnalogClockFace.h"
 #include "ui/SegmentedControl.h"
 
@@ -123,6 +124,7 @@ void ScheduleSidebar::layoutScheduleSidebar() {
   sizes.logo = asSize(kLogoSize);
   sizes.viewOptionControl = asSize(scheduleViewOptionControl_->sizeHint());
   sizes.venueCount = static_cast<int>(venueButtons_->buttons().size());
+  sizes.textScale = textScale();
   sizes.widestVenueButton = venueButtons_->widestButton();
   sizes.chimeLabel = asSize(chimeLabel_->sizeHint());
   sizes.chimePopUpButton = asSize(popUp);

@@ -38,8 +38,9 @@ ScheduleSidebarLayout::ScheduleSidebarLayout(const ScheduleSidebarSizes& sizes)
   placeClocksAndItemInfo(sizes);
 }
 
-double ScheduleSidebarLayout::venuesHeight(int venueCount) {
-  return venueCount > 0 ? venueCount * kVenueStep - kVenueGap : 0.0;
+double ScheduleSidebarLayout::venuesHeight(int venueCount, double textScale) {
+  const double step = std::round(kVenueHeight * textScale) + kVenueGap;
+  return venueCount > 0 ? venueCount * step - kVenueGap : 0.0;
 }
 
 Rect ScheduleSidebarLayout::centred(Size size, double y) const {
@@ -51,7 +52,7 @@ void ScheduleSidebarLayout::placeVenues(const ScheduleSidebarSizes& sizes) {
   const double chimeHeight = kVenueGap + kChimeGap + sizes.chimeLabel.height + kChimeLabelGap +
                              sizes.chimePopUpButton.height + kClocksGap;
   const double room = scheduleAdjustmentsView.y - kAdjustmentsGap - chimeHeight - top;
-  const double wanted = venuesHeight(sizes.venueCount);
+  const double wanted = venuesHeight(sizes.venueCount, sizes.textScale);
   const double height = std::min(wanted, std::max(room, kShortestVenueArea));
   venueArea = {0.0, top, sizes.sidebar.width, height};
   venueSelectionBottom = sizes.venueCount > 0 ? venueArea.maxY() + kVenueGap : top;

@@ -12,6 +12,7 @@ struct ScheduleSidebarSizes {
   Size logo;
   Size viewOptionControl;
   int venueCount = 0;
+  double textScale = 1.0;  ///< of the venues' lines
   double widestVenueButton = 0.0;
   Size chimeLabel;
   Size chimePopUpButton;
@@ -52,7 +53,7 @@ class ScheduleSidebarLayout {
   std::optional<Rect> itemInfoField;
 
   /// Of all buttons, seen or not.
-  static double venuesHeight(int venueCount);
+  static double venuesHeight(int venueCount, double textScale = 1.0);
 
  private:
   Rect centred(Size size, double y) const;

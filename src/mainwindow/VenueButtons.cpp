@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kTitleSize = 12.0;
 constexpr int kVenueHeight = static_cast<int>(ScheduleSidebarLayout::kVenueHeight);
-constexpr int kVenueStep = static_cast<int>(ScheduleSidebarLayout::kVenueStep);
+constexpr int kVenueGap = static_cast<int>(ScheduleSidebarLayout::kVenueStep) - kVenueHeight;
 constexpr int kScrollMargin = 4;
 
 /// An ampersand is a letter of the name and marks no key.
@@ -103,7 +103,8 @@ int VenueButtons::widestButton() const {
 
 void VenueButtons::placeButtons(int x, int width) {
   const int contentHeight =
-      static_cast<int>(ScheduleSidebarLayout::venuesHeight(static_cast<int>(buttons_.size())));
+      static_cast<int>(ScheduleSidebarLayout::venuesHeight(static_cast<int>(buttons_.size()), textScale()));
+  const int buttonHeight = scaledForText(kVenueHeight);
   const int barWidth = contentHeight > height() ? verticalScrollBar()->sizeHint().width() : 0;
   const int areaWidth = this->width() - barWidth;
   widget()->resize(areaWidth, contentHeight);
@@ -117,14 +118,22 @@ void VenueButtons::placeButtons(int x, int width) {
     button->setText(
         buttonText(cut ? metrics.elidedText(title, Qt::ElideRight, std::max(0, buttonWidth - mark)) : title));
     button->setToolTip(cut ? plainToolTip(title) : QString());
-    button->setGeometry(x, static_cast<int>(i) * kVenueStep, buttonWidth, kVenueHeight);
+    button->setGeometry(x, static_cast<int>(i) * (buttonHeight + kVenueGap), buttonWidth, buttonHeight);
   }
+}
+
+void VenueButtons::noteNeededWidth(const QObject* watched) {
+  const auto found = std::find(buttons_.begin(), buttons_.end(), watched);
+  if (found == buttons_.end()) return;
+  (*found)->setText(buttonText((*found)->accessibleName()));
+  neededWidths_[static_cast<std::size_t>(found - buttons_.begin())] = (*found)->sizeHint().width();
 }
 
 bool VenueButtons::eventFilter(QObject* watched, QEvent* event) {
   // Arrow keys go from one radio button to the next without the area's help.
   if (event->type() == QEvent::FocusIn)
     ensureWidgetVisible(qobject_cast<QWidget*>(watched), 0, kScrollMargin);
+  if (event->type() == QEvent::FontChange) noteNeededWidth(watched);
   return QScrollArea::eventFilter(watched, event);
 }
 

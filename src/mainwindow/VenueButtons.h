@@ -47,6 +47,7 @@ class VenueButtons : public QScrollArea {
   bool shows(const std::vector<VenueChoice>& venues, VenueButtonKind kind) const;
   void makeButtons(const std::vector<VenueChoice>& venues, VenueButtonKind kind);
   QAbstractButton* makeButton(const VenueChoice& venue);
+  void noteNeededWidth(const QObject* button);
   void setStates(const std::vector<VenueChoice>& venues);
 
   VenueButtonKind kind_ = VenueButtonKind::radio;

@@ -159,9 +159,7 @@ void RinkData::readMainFile() {
 }
 
 void RinkData::adoptStoredMainFile(const MainFile& file) {
-  firstWeek = file.firstWeek;
-  lastWeek = file.lastWeek;
-  clampWeekRange(startOfWeek(dateNow_));
+  offerWeeks(file.firstWeek, file.lastWeek);
   venues.clear();
   mergeVenues(file.venues);
   for (const FileRecord& record : file.files) adoptPromise(record);
@@ -182,6 +180,26 @@ void RinkData::clampWeekRange(PackedDate thisWeek) {
   const PackedDate earliest = subtractDays(thisWeek, kDaysPerWeek);
   firstWeek = std::max(firstWeek, earliest);
   if (lastWeek < firstWeek) lastWeek = thisWeek;
+}
+
+bool RinkData::offerWeeks(PackedDate first, PackedDate last) {
+  const PackedDate oldFirst = firstWeek;
+  const PackedDate oldLast = lastWeek;
+  hasHeader_ = true;
+  publishedFirstWeek_ = firstWeek = first;
+  publishedLastWeek_ = lastWeek = last;
+  clampWeekRange(startOfWeek(dateNow_));
+  if (firstWeek < oldFirst || lastWeek > oldLast) {
+    // Weeks outside the range have left the venues' lists; those that are in it now are read anew.
+    for (const auto& venue : venues) venue->schedulesFileRead = false;
+  }
+  return firstWeek != oldFirst || lastWeek != oldLast;
+}
+
+bool RinkData::regainWeeks() {
+  const PackedDate earliest = subtractDays(startOfWeek(dateNow_), kDaysPerWeek);
+  const bool complete = firstWeek <= std::max(publishedFirstWeek_, earliest);
+  return hasHeader_ && !complete && offerWeeks(publishedFirstWeek_, publishedLastWeek_);
 }
 
 bool RinkData::mergeVenues(const std::vector<VenueRecord>& records) {

@@ -95,6 +95,13 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   void readMainFile();
   /// Keeps the weeks from the one before `thisWeek` on.
   void clampWeekRange(PackedDate thisWeek);
+  /// Takes over the weeks that the header publishes, less those that are over; true if the range differs.
+  bool offerWeeks(PackedDate first, PackedDate last);
+  /// True once a header has been taken over, stored or fetched.
+  bool hasHeader() const { return hasHeader_; }
+  /// Offers again what a clock that was ahead has taken from the range, now that it has been set back; true
+  /// if the range differs.
+  bool regainWeeks();
   /// Takes over the list of venues, keeping those it has; true if anything changed.
   bool mergeVenues(const std::vector<VenueRecord>& records);
   /// Notes the date that the header promises for one of the rink's files; names of other forms are passed
@@ -160,6 +167,9 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   std::optional<TimeZone> timeZone_;
   PackedDate dateNow_ = kNoDate;
   std::int64_t timeNow_ = 0;
+  bool hasHeader_ = false;
+  PackedDate publishedFirstWeek_ = kNoDate;
+  PackedDate publishedLastWeek_ = kNoDate;
   double prevMinute_ = 0.0;  ///< the last whole minute seen, since the reference date
   std::string photosFolder_;
   std::unique_ptr<RinkRefresher> refresher_;

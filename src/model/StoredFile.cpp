@@ -9,7 +9,7 @@ namespace tarvel {
 bool storeFile(const Services& services, MessageLog& errorLog, ByteView content, const std::string& name,
                const Path& folder, std::optional<Instant> date, std::optional<std::uint16_t> permissions) {
   if (!services.files.info(folder)) {
-    if (const Status made = services.files.createFolders(folder); !made) {
+    if (const Status made = createFoldersSafely(services.files, folder); !made) {
       errorLog.addMessage("Unable to create folder: " + folder);
       services.console.printLine("    " + made.error().description);
       return false;

@@ -58,7 +58,7 @@ void Venue::readSchedulesFile() {
     } else {
       try {
         const SchedulesFile file = decodeSchedulesFile(*content);
-        schedulesCache.emplace();
+        if (!schedulesCache) schedulesCache.emplace();
         for (const FileRecord& week : file.weeks) promiseWeek(week);
         schedulesFileRead = true;
         return;

@@ -45,11 +45,23 @@ Status writeAtomically(FileSystem& files, const Path& path, ByteView content,
   return Done{};
 }
 
+Status createFoldersSafely(FileSystem& files, const Path& folder) {
+  Path above = folder;
+  std::vector<Path> changed;
+  while (above.size() > 1 && !files.info(above)) {
+    above = parentOf(above);
+    changed.push_back(above);
+  }
+  if (Status made = files.createFolders(folder); !made) return made;
+  for (const Path& parent : changed) (void)files.sync(parent);
+  return Done{};
+}
+
 void removeLeftoverTemporaries(FileSystem& files, const Path& folder) {
   const auto entries = files.list(folder);
   if (!entries) return;
   for (const FolderEntry& entry : *entries) {
-    if (entry.kind == FileKind::file && isTemporary(entry.name)) (void)files.remove(join(folder, entry.name));
+    if (isTemporary(entry.name)) (void)files.remove(join(folder, entry.name));
   }
 }
 

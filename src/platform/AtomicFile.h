@@ -11,8 +11,12 @@ namespace tarvel {
 Status writeAtomically(FileSystem& files, const Path& path, ByteView content,
                        const FileAttributes& attributes = {});
 
-/// Removes temporary files that a crash left in the folder (not in the folders below it). Failures are passed
-/// over.
+/// Makes the folder and all missing ones above it, and syncs the folders in which they appeared: what is
+/// stored in a folder is safe against a power cut only if the folder is. A sync that fails is no failure.
+Status createFoldersSafely(FileSystem& files, const Path& folder);
+
+/// Removes temporary files that a crash left in the folder (not in the folders below it), and whatever else
+/// bears such a name, which would be in the way of the next write. Failures are passed over.
 void removeLeftoverTemporaries(FileSystem& files, const Path& folder);
 
 }  // namespace tarvel

@@ -10,4 +10,10 @@ namespace tarvel {
 [[noreturn]] void fatalError(std::string_view reason = {}, const char* file = __builtin_FILE(),
                              int line = __builtin_LINE());
 
+using FatalErrorHandler = void (*)(std::string_view reason);
+/// For simulations, in which a program ends many times in one process: called before anything is printed; one
+/// that throws keeps the process alive. Null, as at start, for none. Gives the handler of before. Main
+/// thread.
+FatalErrorHandler setFatalErrorHandler(FatalErrorHandler handler);
+
 }  // namespace tarvel

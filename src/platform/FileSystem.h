@@ -34,7 +34,8 @@ struct FileAttributes {
 };
 
 /// The disk. Every call is synchronous and reads the disk afresh; nothing is cached. Callable from any
-/// thread. Links are followed by `read` and `info` and never by `remove`; `list` calls them `other`.
+/// thread. Links are followed by `read` and `info` and never by `write` and `remove`; `list` calls them
+/// `other`.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;

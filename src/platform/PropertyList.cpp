@@ -81,6 +81,13 @@ std::size_t countOf(std::string_view tag, std::string_view text) {
   return count;
 }
 
+/// A date that the file's form can hold: whole seconds from year 1 to 9999.
+double holdable(double seconds) {
+  constexpr double kYear1 = -63'113'904'000.0, kEndOfYear9999 = 252'423'993'599.0;
+  const double floored = std::isnan(seconds) ? 0.0 : std::floor(seconds);
+  return std::fmin(std::fmax(floored, kYear1), kEndOfYear9999);
+}
+
 /// The date as the file's text has it. The library's own way to hand out dates ends in the year 2069.
 std::optional<Instant> dateOf(plist_t node) {
   char* memory = nullptr;
@@ -97,7 +104,7 @@ std::optional<Instant> dateOf(plist_t node) {
   if (!calendarDay.ok()) return std::nullopt;
   const std::int64_t days = date::sys_days{calendarDay}.time_since_epoch().count();
   const std::int64_t seconds = ((days * 24 + hour) * 60 + minute) * 60 + second;
-  return Instant{static_cast<double>(seconds - kReferenceDateSince1970)};
+  return Instant{holdable(static_cast<double>(seconds - kReferenceDateSince1970))};
 }
 
 Node parseXml(std::string_view xml) {
@@ -107,9 +114,7 @@ Node parseXml(std::string_view xml) {
 }
 
 Node dateNode(Instant instant) {
-  constexpr double kYear1 = -63'113'904'000.0, kEndOfYear9999 = 252'423'993'599.0;
-  const double floored = std::isnan(instant.seconds) ? 0.0 : std::floor(instant.seconds);
-  const auto seconds = static_cast<std::int64_t>(std::fmin(std::fmax(floored, kYear1), kEndOfYear9999));
+  const auto seconds = static_cast<std::int64_t>(holdable(instant.seconds));
   const date::sys_seconds time{std::chrono::seconds{seconds + kReferenceDateSince1970}};
   const auto midnight = date::floor<date::days>(time);
   const date::year_month_day day{midnight};

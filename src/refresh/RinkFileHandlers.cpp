@@ -40,6 +40,9 @@ void RinkRefresh::masterFileReceived(ByteView body) {
 void RinkRefresh::updateMain() {
   services_.console.printLine("updateMain for " + rink_.refreshName());
   rink_.readMainFile();
+  // The stored header is current and could not be read, and the request of that time has failed too.
+  if (!rink_.hasHeader()) requestFile("/" + std::string(kMainFileName));
+  if (rink_.regainWeeks()) rink_.postNotification(kDateRangeChanged);
   for (const auto& venue : rink_.venues) updateVenue(*venue);
   updateNotices();
   updatePhotoCollection();
@@ -65,7 +68,7 @@ void RinkRefresh::mainFileReceived(ByteView body) {
   services_.console.printLine(receivedLine("main", "  ", body));
   const MainFile file = decodeMainFile(body);
   store(body, std::string(kMainFileName), file.fileDate);
-  adoptWeekRange(file);
+  if (rink_.offerWeeks(file.firstWeek, file.lastWeek)) rink_.postNotification(kDateRangeChanged);
   if (rink_.mergeVenues(file.venues)) {
     removeWeeksOfGoneVenues();
     rink_.postNotification(kVenuesChanged);
@@ -83,15 +86,6 @@ void RinkRefresh::mainFileReceived(ByteView body) {
     reportMismatch("date mismatch for main.b1 - " + rink_.refreshName() + "\n    modified  " +
                    dateText(file.fileDate) + "\n    expected  " + dateText(rink_.mainFileDate));
   }
-}
-
-void RinkRefresh::adoptWeekRange(const MainFile& file) {
-  const PackedDate oldFirst = rink_.firstWeek;
-  const PackedDate oldLast = rink_.lastWeek;
-  rink_.firstWeek = file.firstWeek;
-  rink_.lastWeek = file.lastWeek;
-  rink_.clampWeekRange(startOfWeek(rink_.dateNow()));
-  if (rink_.firstWeek != oldFirst || rink_.lastWeek != oldLast) rink_.postNotification(kDateRangeChanged);
 }
 
 void RinkRefresh::removeWeeksOfGoneVenues() {

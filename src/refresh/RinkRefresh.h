@@ -44,7 +44,6 @@ class RinkRefresh : public RinkRefresher, private RefreshCycle {
   void schedulesFileReceived(Venue& venue, ByteView body);
   void weekFileReceived(WeeklySchedule& schedule, ByteView body);
 
-  void adoptWeekRange(const MainFile& file);
   void updateMain();
   void updateVenue(Venue& venue);
   void updateNotices();

@@ -88,6 +88,7 @@ void paintMonth(QPainter& painter, const CalendarPicture& picture, const Calenda
 }  // namespace
 
 void paintCalendar(QPainter& painter, const CalendarPicture& picture, const Rect& dirty) {
+  const FixedTextScale sizeOfTheCells;
   painter.fillRect(asQRectF(dirty), color(kContentBackground2, picture.appearance));
   painter.setRenderHint(QPainter::Antialiasing);
   const auto [first, end] = picture.layout.monthsMeeting(dirty);

@@ -31,6 +31,7 @@ CalendarView::CalendarView(const WindowContext& context, QWidget* parent)
 void CalendarView::close() {
   observations_.clear();
   isClosing_ = true;
+  accessibleContentChanged();
 }
 
 void CalendarView::needsRedraw() {
@@ -64,6 +65,8 @@ void CalendarView::updateSelection(Animate animate) {
   selection_ = selection;
   setAccessibleDescription(QString::fromStdString(selection_.text()));
   needsRedraw();
+  accessibleSelectionChanged();
+  accessibleFocusChanged();
   notifications().postNotification(kCalendarSelectionChanged, this);
   if (!suppressScrolling_) scrollToCurrentDate(animate);
 }
@@ -74,6 +77,7 @@ void CalendarView::setRange(PackedDate minimumDate, PackedDate maximumDate) {
   layout_.setWidth(width());
   adjustSize();
   needsRedraw();
+  accessibleContentChanged();
 }
 
 void CalendarView::adjustSize() {
@@ -156,6 +160,7 @@ void CalendarView::focusInEvent(QFocusEvent* event) {
                           event->reason() == Qt::ShortcutFocusReason;
   if (byKeyboard) scrollToCurrentDate(Animate::yes);
   setShowsFocus(event->reason() != Qt::MouseFocusReason);
+  accessibleFocusChanged();
 }
 
 void CalendarView::focusOutEvent(QFocusEvent*) {
@@ -172,10 +177,13 @@ void CalendarView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return ScrollableView::mousePressEvent(event);
   const QPointF place = event->position();
   const auto date = layout_.hit({place.x(), place.y()}, selection_.period);
-  if (!date) return;
+  if (date) chooseDate(*date);
+}
+
+void CalendarView::chooseDate(PackedDate date) {
   // The months under the pointer stay where they are.
   suppressScrolling_ = true;
-  setDate(*date, Animate::no);
+  setDate(date, Animate::no);
   suppressScrolling_ = false;
 }
 

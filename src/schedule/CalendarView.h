@@ -5,6 +5,7 @@
 #include "auxwindows/WindowContext.h"
 #include "schedule/CalendarLayout.h"
 #include "schedule/MainStateWatch.h"
+#include "ui/AccessibleView.h"
 #include "ui/ScrollableView.h"
 
 namespace tarvel {
@@ -14,7 +15,7 @@ namespace tarvel {
 /// itself: as wide as the viewport and as high as its months. A new selection is posted as "CalendarView
 /// selection changed" with this view as its object. While it is disabled it takes neither mouse nor keyboard,
 /// and goes on doing what it is told. Main thread.
-class CalendarView : public ScrollableView, Counted<CalendarView> {
+class CalendarView : public ScrollableView, public AccessibleView, Counted<CalendarView> {
   Q_OBJECT
  public:
   using Counted<CalendarView>::liveCount;
@@ -55,6 +56,13 @@ class CalendarView : public ScrollableView, Counted<CalendarView> {
   /// Hears of nothing and draws nothing from here on.
   void close();
 
+  /// Months as rows of their days. Of a range too long for anyone, the days of the months about the current
+  /// one alone.
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void pressAccessible(const QString& id) override;
+  void focusAccessible(const QString& id) override { pressAccessible(id); }
+
   const CalendarLayout& layout() const { return layout_; }
 
  protected:
@@ -74,6 +82,8 @@ class CalendarView : public ScrollableView, Counted<CalendarView> {
   /// A command to go to a date.
   void gotoDate(PackedDate date);
   std::optional<PackedDate> dateForKey(int key) const;
+  void chooseDate(PackedDate date);
+  AccessibleNode monthNode(int index) const;
   void watchSuperview();
   void setShowsFocus(bool shows);
 

@@ -3,22 +3,17 @@
 #include <vector>
 
 #include "foundation/CalendarDates.h"
+#include "schedule/ItemTextWidths.h"
 #include "schedule/ScheduleGrid.h"
 
 namespace tarvel {
-
-/// The widest times, and the widest duration, of a day's items as they are written; 0 without items.
-struct DailyTextWidths {
-  double times = 0.0;
-  double duration = 0.0;
-};
 
 /// What a day's layout depends on.
 struct DailyLayoutInput {
   SchedulePageInput page;
   PackedDate showingDate = kNoDate;
   std::int64_t venues = 0;
-  DailyTextWidths widest;
+  ItemTextWidths widest;
 };
 
 /// What a column has room to say of an item. The name comes first: what stands beside it is given up from the

@@ -1,8 +1,6 @@
 #include "schedule/DailyPainter.h"
 
 #include <QPainter>
-#include <algorithm>
-#include <set>
 
 #include "model/DataModel.h"
 #include "schedule/DevicePixels.h"
@@ -12,16 +10,8 @@
 namespace tarvel {
 namespace {
 
-constexpr double kMeasuringWidth = 500.0;
-
-double widestOf(const std::set<std::string>& texts, const TextAttributes& attributes) {
-  double widest = 0.0;
-  for (const std::string& text : texts) {
-    const AttributedText attributed(text, attributes);
-    widest = std::max(widest, boundingRect(attributed, {kMeasuringWidth, 0.0}, TextFit::wrap).width);
-  }
-  return widest;
-}
+/// Times stand on one line and may reach beyond the column, which cuts them.
+constexpr double kTimesWidth = 500.0;
 
 TextAttributes aligned(const TextAttributes& attributes, const ParagraphStyle& style) {
   TextAttributes result = attributes;
@@ -38,7 +28,7 @@ void paintDailyItem(QPainter& painter, const DailyPicture& picture, const Placed
   const TextAttributes left = aligned(picture.styles.nameOf(*item), kLeftStyle);
   const DailyDetail detail = layout.detail();
   if (detail != DailyDetail::name) {
-    paintItemText(painter, {rect.x, rect.y, kMeasuringWidth, rect.height},
+    paintItemText(painter, {rect.x, rect.y, kTimesWidth, rect.height},
                   AttributedText(itemTimesText(*item), left));
   }
   if (detail == DailyDetail::timesNameAndDuration) {
@@ -55,17 +45,8 @@ void paintDailyItem(QPainter& painter, const DailyPicture& picture, const Placed
 
 }  // namespace
 
-DailyTextWidths measureDay(const DailyColumns& columns, const ItemStyles& styles) {
-  // A day repeats the same few texts in all its columns.
-  std::set<std::string> times;
-  std::set<std::string> durations;
-  for (const ScheduleItems& items : columns) {
-    for (const auto& item : items) {
-      times.insert(itemClockText(*item));
-      if (item->kind != SessionKind::resurface) durations.insert(itemDurationText(*item));
-    }
-  }
-  return {widestOf(times, styles.name), widestOf(durations, styles.name)};
+ItemTextWidths measureDay(const DailyColumns& columns, const ItemStyles& styles) {
+  return measureItemTexts(columns, styles.name);
 }
 
 void paintDay(QPainter& painter, const DailyPicture& picture, const Rect& dirty) {
@@ -74,7 +55,7 @@ void paintDay(QPainter& painter, const DailyPicture& picture, const Rect& dirty)
     paintDailyItem(painter, picture, placed);
   }
   paintAxis(painter, {layout.grid(), layout.labelStep(), layout.labels(), picture.appearance}, dirty);
-  paintColumnLines(painter, layout.grid());
+  paintColumnLines(painter, layout.grid(), picture.appearance);
   if (const auto past = layout.pastRect(picture.currentDate)) {
     DevicePixels(painter).fill(*past, color(kPastBlend, picture.appearance));
   }

@@ -18,7 +18,7 @@ struct DailyPicture {
 };
 
 /// The room that the day's times and durations take in the names' style.
-DailyTextWidths measureDay(const DailyColumns& columns, const ItemStyles& styles);
+ItemTextWidths measureDay(const DailyColumns& columns, const ItemStyles& styles);
 
 /// Paints the items, the axis, the columns and, over them, the veil of a past day, as far as the dirty
 /// rectangle reaches. The background is the caller's.

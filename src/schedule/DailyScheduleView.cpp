@@ -97,6 +97,16 @@ ScheduleSpot DailyScheduleView::spotAt(const GridHit& hit) const {
   return findSpot(contents_.columns[column], weekdayOf(showingDate_), hit.minute);
 }
 
+ScheduleItems DailyScheduleView::itemsOfColumn(std::int64_t column) const {
+  const auto index = static_cast<std::size_t>(column);
+  return index < contents_.columns.size() ? contents_.columns[index] : ScheduleItems();
+}
+
+std::string DailyScheduleView::columnName(std::int64_t column) const {
+  const auto index = static_cast<std::size_t>(column);
+  return index < chosenVenues_.size() ? chosenVenues_[index]->displayName() : std::string();
+}
+
 void DailyScheduleView::draw(QPainter& painter, const Rect& dirty) {
   const Appearance appearance = appearanceOf(this);
   if (!chosenRink()) {
@@ -104,6 +114,7 @@ void DailyScheduleView::draw(QPainter& painter, const Rect& dirty) {
     return;
   }
   paintDay(painter, {layout_, contents_.columns, styles(), dataModel(), currentDate(), appearance}, dirty);
+  drawFocus(painter);
 }
 
 }  // namespace tarvel

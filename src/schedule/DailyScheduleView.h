@@ -37,6 +37,8 @@ class DailyScheduleView : public SchedulePageView, Counted<DailyScheduleView> {
   PackedDate dateOfColumn(std::int64_t) const override { return showingDate_; }
   std::int64_t venueOfColumn(std::int64_t column) const override;
   ScheduleSpot spotAt(const GridHit& hit) const override;
+  ScheduleItems itemsOfColumn(std::int64_t column) const override;
+  std::string columnName(std::int64_t column) const override;
   std::string_view gapName() const override { return "-- Gap --"; }
   std::optional<Rect> timeMarkerRect() const override;
   bool concerns(std::int64_t venueID, PackedDate weekOf) const override;
@@ -48,7 +50,7 @@ class DailyScheduleView : public SchedulePageView, Counted<DailyScheduleView> {
   PackedDate showingDate_ = kNoDate;
   Venues chosenVenues_;
   DayContents contents_;
-  DailyTextWidths widest_;  ///< of the contents, in the present font size
+  ItemTextWidths widest_;  ///< of the contents, in the present font size
   DailyLayout layout_;
 };
 

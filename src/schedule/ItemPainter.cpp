@@ -27,6 +27,7 @@ ItemStyles stylesOf(double fontSize) {
 ItemStyles ItemStyles::onScreen(double fontSize) {
   ItemStyles styles = stylesOf(fontSize);
   styles.time = {kScreenTimeFontSize, FontWeight::regular, kItemTimeColor, kCentredStyle};
+  styles.timeBand = kTimeBand * textScale();
   return styles;
 }
 

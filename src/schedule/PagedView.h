@@ -20,6 +20,8 @@ class PagedView : public DataLoadingView {
   /// Among the pages of one paging view the one with the highest order lies on top.
   int stackingOrder = 0;
 
+  /// How the page gets the keyboard while it is in view; those out of sight never get it.
+  virtual Qt::FocusPolicy focusPolicyInView() const { return Qt::NoFocus; }
   /// The height that the page wants where `height` is to be had.
   virtual double heightForAvailableHeight(double height) const { return height; }
   /// Computes the layout anew from the page's size; it doesn't change the size, unlike the toolkit's

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <QAccessible>
 #include <QEvent>
 #include <QPainter>
 #include <QVariantAnimation>
@@ -70,12 +71,14 @@ PagedView* PagingView::newPage(int offset) {
 
 void PagingView::buildPages() {
   if (!delegate_) fatalError("a paging view without a delegate");
+  const bool hadFocus = currView_ && window()->focusWidget() == currView_;
   removePages();
   // In the order of the stack, from the bottom up.
   nextView_ = newPage(kNextOffset);
   currView_ = newPage(kCurrentOffset);
   prevView_ = newPage(kPreviousOffset);
   adjustSize();
+  if (hadFocus) currView_->setFocus(Qt::OtherFocusReason);
 }
 
 void PagingView::removePages() {
@@ -136,6 +139,13 @@ void PagingView::placePages() {
   nextView_->setVisible(false);
   currView_->setVisible(true);
   prevView_->setVisible(true);
+  for (PagedView* page : {prevView_, currView_, nextView_}) {
+    page->setFocusPolicy(page == currView_ ? page->focusPolicyInView() : Qt::NoFocus);
+    if (!QAccessible::isActive()) continue;
+    // To the toolkit the page beside the one in view is shown as well.
+    QAccessibleEvent event(page, page == currView_ ? QAccessible::ObjectShow : QAccessible::ObjectHide);
+    QAccessible::updateAccessibility(&event);
+  }
   places_ = pagesAtRest(width());
 }
 
@@ -182,7 +192,8 @@ void PagingView::turn(Way way) {
     delegate_->reloadView(*prevView_, *this, kPreviousOffset);
   }
   currView_->pageDidBecomeCurrent();
-  if (hadFocus) currView_->setFocus();
+  // One who goes back comes to the page before from behind.
+  if (hadFocus) currView_->setFocus(toNext ? Qt::OtherFocusReason : Qt::BacktabFocusReason);
 }
 
 void PagingView::glideToNext() {

@@ -24,6 +24,7 @@ Status printSheet(QPagedPaintDevice& device, const std::function<void(QPainter&,
   page.setOrientation(QPageLayout::Portrait);
   page.setMode(QPageLayout::FullPageMode);  // the margins are those of this sheet, not of the printer
   if (!device.setPageLayout(page)) return Error{"The printer doesn't take the page's layout"};
+  const FixedTextScale paperIsNoScreen;
   QPainter painter;
   if (!painter.begin(&device)) return Error{"Unable to begin the page"};
   painter.scale(device.logicalDpiX() / kPointsPerInch, device.logicalDpiY() / kPointsPerInch);

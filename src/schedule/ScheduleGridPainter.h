@@ -21,6 +21,6 @@ struct AxisPicture {
 void paintAxis(QPainter& painter, const AxisPicture& picture, const Rect& dirty);
 
 /// The lines between the columns, and on both sides of them.
-void paintColumnLines(QPainter& painter, const ScheduleGrid& grid);
+void paintColumnLines(QPainter& painter, const ScheduleGrid& grid, Appearance appearance);
 
 }  // namespace tarvel

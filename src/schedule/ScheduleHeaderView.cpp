@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <QEvent>
 #include <QPainter>
 
 #include "schedule/ScheduleContents.h"
@@ -13,7 +14,7 @@ namespace {
 
 constexpr double kNarrowBelow = 70.0;
 constexpr double kTextTop = 2.0;
-constexpr double kTextHeight = 15.0;
+constexpr int kTextHeight = 15;
 const TextAttributes kAttributes{11.0, FontWeight::regular, kLabel, kCentredStyle};
 const TextAttributes kNarrowAttributes{9.0, FontWeight::regular, kLabel, kCentredStyle};
 
@@ -22,7 +23,7 @@ const TextAttributes kNarrowAttributes{9.0, FontWeight::regular, kLabel, kCentre
 ScheduleHeaderView::ScheduleHeaderView(const WindowContext& context, ScheduleViewOwner& owner,
                                        QWidget* parent)
     : QWidget(parent), owner_(&owner) {
-  setFixedHeight(kHeight);
+  setFixedHeight(scaledForText(kHeight));
   describe();
   NotificationCenter& center = context.services.notifications;
   ObserverCensus& census = context.observerCensus;
@@ -77,6 +78,11 @@ std::vector<std::string> ScheduleHeaderView::columnTitles() const {
   return titles;
 }
 
+void ScheduleHeaderView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) setFixedHeight(scaledForText(kHeight));
+}
+
 void ScheduleHeaderView::paintEvent(QPaintEvent*) {
   if (date_ == kNoDate || !owner_) return;
   const ColumnGeometry geometry = owner_->columnGeometry();
@@ -85,7 +91,7 @@ void ScheduleHeaderView::paintEvent(QPaintEvent*) {
   const bool isWeekly = scheduleViewOption_ == ScheduleViewOption::weekly;
   const TextAttributes& attributes =
       isWeekly && geometry.width < kNarrowBelow ? kNarrowAttributes : kAttributes;
-  Rect rect{geometry.x, kTextTop, geometry.width, kTextHeight};
+  Rect rect{geometry.x, kTextTop, geometry.width, scaledForText(kTextHeight)};
   for (const std::string& title : columnTitles()) {
     const ItemClip clip(painter, rect);
     draw(painter, rect, AttributedText(title, attributes), TextFit::wrapAndTruncate, appearanceOf(this));

@@ -31,6 +31,7 @@ class ScheduleHeaderView : public QWidget, Counted<ScheduleHeaderView> {
   std::vector<std::string> columnTitles() const;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

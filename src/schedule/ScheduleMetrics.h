@@ -55,8 +55,6 @@ inline constexpr Color kResurfaceFrameColor = white(0.3, 0.5);
 inline constexpr Color kResurfaceTextColor = white(0.4);
 inline constexpr Color kItemTimeColor = white(0.25);
 inline constexpr Color kNoteCornerColor = white(0.3, 0.5);
-inline constexpr Color kGridColor = white(0.6);
-inline constexpr Color kFaintGridColor = white(0.6, 0.15);
 inline constexpr Color kTimeMarkerColor{1.0, 0.0, 0.0, 0.7};
 
 constexpr Color itemFrameColor(SessionKind kind) {

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "schedule/ItemInfoText.h"
+#include "ui/FocusRing.h"
 
 namespace tarvel {
 namespace {
@@ -34,7 +35,10 @@ void SchedulePageView::observe(const WindowContext& context, const char* name) {
   };
   const auto redraw = [this](const Notification&) { needsRedraw(); };
   const auto rinkDataChanged = [this](const Notification& notification) { rinkChanged(notification); };
-  on(kScheduleNamesChanged, redraw);
+  on(kScheduleNamesChanged, [this](const Notification&) {
+    needsRedraw();
+    accessibleContentChanged();
+  });
   on(kScheduleColorsChanged, redraw);
   on(kVenuesChanged, rinkDataChanged);
   on(kSchedulesChanged, rinkDataChanged);
@@ -99,6 +103,8 @@ void SchedulePageView::loadData() {
   adjustSize();
   setNeedsDisplay(true);
   updateItemInfo();
+  accessibleContentChanged();
+  findFocus();
 }
 
 void SchedulePageView::setPresented(bool presented) {
@@ -112,6 +118,7 @@ void SchedulePageView::pageDidChangeSettings() {
 
 void SchedulePageView::close() {
   isClosing = true;
+  accessibleContentChanged();
   observations_.clear();
   wakeSubscription_.reset();
   if (scroller_) disconnect(scroller_->verticalScrollBar(), nullptr, this, nullptr);
@@ -211,6 +218,10 @@ void SchedulePageView::handleClick(Point point, Click click) {
 
 void SchedulePageView::updateItemInfo() {
   updateItemInfo(pointOf(mapFromGlobal(QPointF(QCursor::pos()))));
+  if (!hasKeyboardFocus(*this)) return;
+  // A mouse that lies still is not what the user goes by.
+  const ScheduleOutline outline = this->outline();
+  if (const auto spot = outline.find(focusedID_); spot.session) tellFocused(spot);
 }
 
 void SchedulePageView::updateItemInfo(Point point) {

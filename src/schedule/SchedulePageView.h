@@ -8,8 +8,10 @@
 #include "schedule/ItemPainter.h"
 #include "schedule/MainStateWatch.h"
 #include "schedule/PagedView.h"
+#include "schedule/ScheduleOutline.h"
 #include "schedule/ScheduleViewOwner.h"
 #include "schedule/TimeMarkerView.h"
+#include "ui/AccessibleView.h"
 
 class QScrollArea;
 
@@ -18,7 +20,7 @@ namespace tarvel {
 /// A page of a rink's schedule, whatever its columns stand for. It finds its items itself, tells its owner
 /// what is under the mouse and what is clicked, and marks the present moment. Its owner tells it rink, dates
 /// and span of the day.
-class SchedulePageView : public PagedView {
+class SchedulePageView : public PagedView, public AccessibleView {
   Q_OBJECT
  public:
   void setChosenRink(const std::shared_ptr<RinkData>& rink);
@@ -39,6 +41,16 @@ class SchedulePageView : public PagedView {
   const std::shared_ptr<const ScheduleItem>& mouseItem() const { return mouseItem_; }
   const TimeMarkerView* timeMarkerView() const { return timeMarkerView_; }
 
+  /// What it shows now: nothing without a rink or while data is awaited.
+  ScheduleOutline outline() const;
+  /// Days or venues with their sessions. By the keyboard it is gone to with the tab key, and the arrows then
+  /// lead from session to session.
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void pressAccessible(const QString& id) override;
+  void focusAccessible(const QString& id) override;
+  Qt::FocusPolicy focusPolicyInView() const override { return Qt::TabFocus; }
+
   void loadData() final;
   void setPresented(bool presented) override;
   void pageDidChangeSettings() override;
@@ -56,6 +68,10 @@ class SchedulePageView : public PagedView {
   /// 0 for none.
   virtual std::int64_t venueOfColumn(std::int64_t column) const = 0;
   virtual ScheduleSpot spotAt(const GridHit& hit) const = 0;
+  virtual ScheduleItems itemsOfColumn(std::int64_t column) const = 0;
+  /// What stands at the column's head, in full.
+  virtual std::string columnName(std::int64_t column) const = 0;
+  virtual bool isSelectedColumn(std::int64_t) const { return false; }
   /// What the information field calls the time between two items.
   virtual std::string_view gapName() const = 0;
   virtual std::optional<Rect> timeMarkerRect() const = 0;
@@ -68,6 +84,8 @@ class SchedulePageView : public PagedView {
 
   void needsRedraw() { setNeedsDisplay(!isClosing); }
   void placeTimeMarker();
+  /// To be called when all else is drawn.
+  void drawFocus(QPainter& painter) const;
   bool isCurrentPage() const { return owner_ && owner_->isCurrentPage(*this); }
   bool isMainWindow() const { return mainState_.isMain(); }
   std::shared_ptr<RinkData> chosenRink() const { return chosenRink_.lock(); }
@@ -89,6 +107,9 @@ class SchedulePageView : public PagedView {
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -104,6 +125,10 @@ class SchedulePageView : public PagedView {
   void handleClick(Point point, Click click);
   void updateItemInfo(Point point);
   std::string infoAt(Point point);
+  void takeFocus(Qt::FocusReason reason);
+  /// After new data, which the session that had the focus may not be among.
+  void findFocus();
+  void tellFocused(const ScheduleOutline::Spot& spot);
 
   DataModel& dataModel_;
   ScheduleViewOwner* owner_;
@@ -114,6 +139,7 @@ class SchedulePageView : public PagedView {
   ItemStyles styles_;
   SchedulePageInput pageInput_;
   std::shared_ptr<const ScheduleItem> mouseItem_;
+  QString focusedID_;                         ///< in the outline, which may have lost it
   TimeMarkerView* timeMarkerView_ = nullptr;  ///< a child, made at first need
   QPointer<QScrollArea> scroller_;            ///< the one whose scrolling is watched
   MainStateWatch mainState_;

@@ -25,7 +25,7 @@ void paintDays(QPainter& painter, const WeeklyPicture& picture) {
     pixels.fill(*past, color(kPastBlend, picture.appearance));
   }
   if (const auto today = layout.todayRect(picture.currentDate)) {
-    pixels.frame(*today, WeeklyLayout::kTodayLine, toQColor(kBlack));
+    pixels.frame(*today, WeeklyLayout::kTodayLine, color(kScheduleColumns, picture.appearance));
   }
   if (const auto selection = layout.selectionRect(picture.selectedDate, picture.currentDate)) {
     const NamedColor name = picture.isMainWindow ? kSelectedContentBackground : kInactiveSelectedContentFrame;
@@ -39,7 +39,7 @@ void paintWeek(QPainter& painter, const WeeklyPicture& picture, const Rect& dirt
   const WeeklyLayout& layout = picture.layout;
   paintItems(painter, picture, dirty);
   paintAxis(painter, {layout.grid(), layout.labelStep(), layout.labels(), picture.appearance}, dirty);
-  paintColumnLines(painter, layout.grid());
+  paintColumnLines(painter, layout.grid(), picture.appearance);
   paintDays(painter, picture);
 }
 

@@ -1,5 +1,8 @@
 #include "schedule/WeeklyScheduleView.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "schedule/ScheduleContents.h"
 #include "schedule/ScheduleMessage.h"
 #include "schedule/WeeklyPainter.h"
@@ -40,6 +43,7 @@ void WeeklyScheduleView::setSelectedDate(PackedDate date) {
   if (mine == selectedDate_) return;
   selectedDate_ = mine;
   setNeedsDisplay(true);
+  accessibleSelectionChanged();
 }
 
 void WeeklyScheduleView::setCurrentDate(PackedDate date, std::int64_t time) {
@@ -95,6 +99,13 @@ ScheduleSpot WeeklyScheduleView::spotAt(const GridHit& hit) const {
   return findSpot(*items_, hit.column, hit.minute);
 }
 
+ScheduleItems WeeklyScheduleView::itemsOfColumn(std::int64_t column) const {
+  ScheduleItems items;
+  std::copy_if(items_->begin(), items_->end(), std::back_inserter(items),
+               [column](const auto& item) { return item->day == column; });
+  return items;
+}
+
 void WeeklyScheduleView::draw(QPainter& painter, const Rect& dirty) {
   if (!owner()) return;
   const auto schedule = weeklySchedule_.lock();
@@ -102,6 +113,7 @@ void WeeklyScheduleView::draw(QPainter& painter, const Rect& dirty) {
       layout_,       *items_,       styles(),       dataModel(),       owner()->showSessionTimes(),
       currentDate(), selectedDate_, isMainWindow(), appearanceOf(this)};
   paintWeekOrMessage(painter, chosenRink().get(), schedule.get(), picture, dirty);
+  drawFocus(painter);
 }
 
 }  // namespace tarvel

@@ -39,6 +39,11 @@ class WeeklyScheduleView : public SchedulePageView, Counted<WeeklyScheduleView> 
   PackedDate dateOfColumn(std::int64_t column) const override { return addDays(weekOf_, column); }
   std::int64_t venueOfColumn(std::int64_t) const override { return chosenVenueID_; }
   ScheduleSpot spotAt(const GridHit& hit) const override;
+  ScheduleItems itemsOfColumn(std::int64_t column) const override;
+  std::string columnName(std::int64_t column) const override { return fullDateText(dateOfColumn(column)); }
+  bool isSelectedColumn(std::int64_t column) const override {
+    return selectedDate_ != kNoDate && dateOfColumn(column) == selectedDate_;
+  }
   std::string_view gapName() const override { return "-- Idle --"; }
   std::optional<Rect> timeMarkerRect() const override;
   bool concerns(std::int64_t venueID, PackedDate weekOf) const override;

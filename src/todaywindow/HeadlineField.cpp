@@ -25,6 +25,7 @@ void HeadlineField::setFontSize(double size) {
 void HeadlineField::paintEvent(QPaintEvent*) {
   if (text_.empty()) return;
   QPainter painter(this);
+  const FixedTextScale sizeOfTheBand;
   const AttributedText line(text_, attributes_);
   const double textHeight = boundingRect(line, {}, TextFit::wrap).height;
   tarvel::draw(painter, {0.0, (height() - textHeight) / 2, static_cast<double>(width()), textHeight}, line,

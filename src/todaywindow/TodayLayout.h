@@ -3,16 +3,10 @@
 #include <optional>
 #include <vector>
 
+#include "schedule/ItemTextWidths.h"
 #include "schedule/ScheduleGrid.h"
 
 namespace tarvel {
-
-/// The widest times, and the widest duration, of the day's items as they are written; 0 without items.
-struct TodayTextWidths {
-  double times = 0.0;
-  double duration = 0.0;
-  friend bool operator==(const TodayTextWidths&, const TodayTextWidths&) = default;
-};
 
 /// What the layout of the day depends on.
 struct TodayLayoutInput {
@@ -21,7 +15,7 @@ struct TodayLayoutInput {
   double heightScaleFactor = 1.0;  ///< logical pixels a minute, of a day that scrolls
   Medium medium = Medium::screen;
   DayRange dayRange;
-  TodayTextWidths widest;
+  ItemTextWidths widest;
 };
 
 /// The least span that shows all items and `floor`, its ends on half hours.

@@ -2,7 +2,8 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <set>
+#include <cmath>
+#include <optional>
 
 #include "model/DataModel.h"
 #include "model/WeeklySchedule.h"
@@ -14,22 +15,28 @@
 namespace tarvel {
 namespace {
 
-constexpr double kMeasuringWidth = 500.0;
 /// What a note may use beyond the room it was measured in.
 constexpr double kNoteExtraWidth = 8.0;
 constexpr std::string_view kTimesSeparator = " - ";
+/// The height that a line's letters take, by the size of the font.
+constexpr double kLetterHeight = 1.3;
+/// Letters smaller than this can't be told apart.
+constexpr double kLeastFontSize = 6.0;
+constexpr double kFontSizeStep = 0.5;
 // The bars' texts stand on the sessions' own colours.
 constexpr Appearance kAnyAppearance = Appearance::light;
 
 const TextAttributes kMessageText{11.0, FontWeight::regular, kSecondaryLabel, kCentredStyle};
 
-double widestOf(const std::set<std::string>& texts, const TextAttributes& attributes) {
-  double widest = 0.0;
-  for (const std::string& text : texts) {
-    const AttributedText attributed(text, attributes);
-    widest = std::max(widest, boundingRect(attributed, {kMeasuringWidth, 0.0}, TextFit::wrap).width);
-  }
-  return widest;
+/// A bar that is too low for the chosen size has its text as large as it holds: letters that are cut off are
+/// read from nowhere. None if it holds no letters at all.
+std::optional<TextAttributes> fitted(const TextAttributes& attributes, double height) {
+  const double largest = std::floor(height / kLetterHeight / kFontSizeStep) * kFontSizeStep;
+  TextAttributes result = attributes;
+  if (attributes.fontSize * kLetterHeight <= height) return result;
+  if (largest < kLeastFontSize) return std::nullopt;
+  result.fontSize = std::min(attributes.fontSize, largest);
+  return result;
 }
 
 /// The times with am and pm, on two lines where one is too narrow. A bar that is too low for two has them on
@@ -48,8 +55,12 @@ void paintNote(QPainter& painter, const TodayPicture& picture, const PlacedItem&
                double descriptionWidth) {
   const auto& [item, bar] = placed;
   const auto room = picture.layout.noteRect(bar, descriptionWidth);
-  if (!room) return paintNoteCorner(painter, picture.layout.descriptionColumn(bar));
-  const AttributedText note(item->note, picture.styles.note);
+  // It stays smaller than the name where both are made smaller.
+  const TodayStyles& styles = picture.styles;
+  const double share = std::min(1.0, styles.note.fontSize / styles.name.fontSize);
+  const auto look = fitted(styles.note, share * bar.height);
+  if (!room || !look) return paintNoteCorner(painter, picture.layout.descriptionColumn(bar));
+  const AttributedText note(item->note, *look);
   const double height = boundingRect(note, {room->width, room->height}, TextFit::wrapAndTruncate).height;
   draw(painter, {room->x, room->y + (room->height - height) / 2, room->width + kNoteExtraWidth, height}, note,
        TextFit::wrapAndTruncate, kAnyAppearance);
@@ -59,17 +70,18 @@ void paintBar(QPainter& painter, const TodayPicture& picture, const PlacedItem& 
   const auto& [item, bar] = placed;
   const TodayLayout& layout = picture.layout;
   const bool isResurface = item->kind == SessionKind::resurface;
-  const TextAttributes& times = isResurface ? picture.styles.resurfaceTime : picture.styles.time;
-  const TextAttributes& name = isResurface ? picture.styles.resurface : picture.styles.name;
+  const TodayStyles& styles = picture.styles;
+  const auto times = fitted(isResurface ? styles.resurfaceTime : styles.time, bar.height);
+  const auto name = fitted(isResurface ? styles.resurface : styles.name, bar.height);
   paintItemBlock(painter, bar, picture.dataModel.sessionColor(static_cast<std::int64_t>(item->kind)),
                  itemFrameColor(item->kind));
   const ItemClip clip(painter, bar);
   const Rect timesRect = layout.timesRect(bar);
-  paintItemText(painter, timesRect, timesOf(*item, timesRect, times));
-  if (!isResurface)
-    paintItemText(painter, layout.durationRect(bar), AttributedText(itemDurationText(*item), times));
+  if (times) paintItemText(painter, timesRect, timesOf(*item, timesRect, *times));
+  if (times && !isResurface)
+    paintItemText(painter, layout.durationRect(bar), AttributedText(itemDurationText(*item), *times));
   const Rect room = layout.descriptionRect(bar);
-  const AttributedText description(itemLineText(*item), name);
+  const AttributedText description = name ? AttributedText(itemLineText(*item), *name) : AttributedText();
   paintItemText(painter, room, description);
   if (item->note.empty()) return;
   const bool isWritten = !room.empty() && !description.empty();
@@ -78,10 +90,11 @@ void paintBar(QPainter& painter, const TodayPicture& picture, const PlacedItem& 
   paintNote(painter, picture, placed, taken.width);
 }
 
-void paintLines(QPainter& painter, const TodayLayout& layout) {
+void paintLines(QPainter& painter, const TodayLayout& layout, Appearance appearance) {
   const DevicePixels pixels(painter);
   for (const double x : layout.columnLines()) {
-    pixels.verticalLine(x, layout.columnLineTop(), layout.columnLineBottom(), toQColor(kBlack));
+    pixels.verticalLine(x, layout.columnLineTop(), layout.columnLineBottom(),
+                        color(kScheduleColumns, appearance));
   }
 }
 
@@ -98,17 +111,13 @@ void paintMessage(QPainter& painter, const std::string& message, const TodayPict
 
 }  // namespace
 
-TodayTextWidths measureToday(const ScheduleItems& items, const TodayStyles& styles) {
-  std::set<std::string> times;
-  std::set<std::string> durations;
-  for (const auto& item : items) {
-    times.insert(itemClockText(*item));
-    if (item->kind != SessionKind::resurface) durations.insert(itemDurationText(*item));
-  }
-  return {widestOf(times, styles.time), widestOf(durations, styles.time)};
+ItemTextWidths measureToday(const ScheduleItems& items, const TodayStyles& styles) {
+  const FixedTextScale ownSizes;
+  return measureItemTexts({items}, styles.time);
 }
 
 void paintToday(QPainter& painter, const TodayPicture& picture, const Rect& dirty) {
+  const FixedTextScale ownSizes;  // which the window's options set
   const TodayLayout& layout = picture.layout;
   for (const PlacedItem& placed : layout.itemsMeeting(picture.items, dirty)) {
     paintBar(painter, picture, placed);
@@ -116,13 +125,14 @@ void paintToday(QPainter& painter, const TodayPicture& picture, const Rect& dirt
   const bool onPage = layout.input().medium == Medium::page;
   const AxisLabels labels = onPage ? AxisLabels::printed : AxisLabels::reduced;
   paintAxis(painter, {layout.grid(), layout.labelStep(), labels, picture.appearance, AxisLines::none}, dirty);
-  paintLines(painter, layout);
+  paintLines(painter, layout, picture.appearance);
   const ScheduleItem* current = onPage ? nullptr : todayItemAt(picture.items, picture.currentTime);
   if (!current) return;
   const Rect bar = layout.barRect(*current);
   const double reach = TodayLayout::kCurrentFrameLine / 2;
   if (bar.inset(-reach, -reach).intersects(dirty))
-    DevicePixels(painter).frame(bar, TodayLayout::kCurrentFrameLine, toQColor(kBlack));
+    DevicePixels(painter).frame(bar, TodayLayout::kCurrentFrameLine,
+                                color(kScheduleColumns, picture.appearance));
 }
 
 void paintTodayOrMessage(QPainter& painter, const WeeklySchedule* schedule, const TodayPicture& picture,

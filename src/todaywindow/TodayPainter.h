@@ -22,7 +22,7 @@ struct TodayPicture {
 };
 
 /// The room that the items' times and durations take.
-TodayTextWidths measureToday(const ScheduleItems& items, const TodayStyles& styles);
+ItemTextWidths measureToday(const ScheduleItems& items, const TodayStyles& styles);
 
 /// Paints the bars, the axis, the columns' lines and, on screen, the frame of the session that is on, as far
 /// as the dirty rectangle reaches. The background is the caller's.

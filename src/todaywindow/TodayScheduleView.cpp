@@ -26,6 +26,7 @@ TodayScheduleView::TodayScheduleView(const WindowContext& context, QWidget* pare
       dataModel_(context.dataModel),
       application_(context.application),
       scrollAnimation_(new QVariantAnimation(this)) {
+  setFocusPolicy(Qt::TabFocus);
   setAccessibleName(QStringLiteral("Today's schedule"));
   scrollAnimation_->setDuration(kScrollToNowMilliseconds);
   scrollAnimation_->setEasingCurve(QEasingCurve::InOutQuad);
@@ -135,6 +136,7 @@ void TodayScheduleView::describe() {
   if (const ScheduleItem* now = todayItemAt(scheduleItems_, currentTime_))
     text += QStringLiteral(", now: ") + QString::fromStdString(now->displayName(", "));
   setAccessibleDescription(text);
+  accessibleContentChanged();
 }
 
 // The layout.
@@ -155,7 +157,8 @@ void TodayScheduleView::adjustSize() {
 }
 
 void TodayScheduleView::placeTimeMarker() {
-  const auto rect = layout_.timeMarkerRect(currentTime_);
+  // Without a rink there is no time of day, and the last one would stand there for good.
+  const auto rect = chosenRink() ? layout_.timeMarkerRect(currentTime_) : std::nullopt;
   if (!rect || isClosing) {
     if (timeMarkerView_) timeMarkerView_->hide();
     return;
@@ -286,10 +289,12 @@ void TodayScheduleView::draw(QPainter& painter, const Rect& dirty) {
   paintTodayOrMessage(painter, weeklySchedule_.get(),
                       {layout_, scheduleItems_, styles_, dataModel_, currentTime_, appearanceOf(this)},
                       dirty);
+  drawFocus(painter);
 }
 
 void TodayScheduleView::close() {
   isClosing = true;
+  accessibleContentChanged();
   scrollAnimation_->stop();
   observations_.clear();
   wakeSubscription_.reset();

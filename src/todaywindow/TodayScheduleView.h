@@ -8,6 +8,7 @@
 #include "schedule/TimeMarkerView.h"
 #include "todaywindow/TodayLayout.h"
 #include "todaywindow/TodayStyles.h"
+#include "ui/AccessibleView.h"
 #include "ui/DataLoadingView.h"
 
 class QScrollArea;
@@ -18,7 +19,7 @@ namespace tarvel {
 /// Today's sessions of one venue as wide bars on one axis, to be read from a distance. It fits the whole day
 /// into its scroll area, or scrolls and keeps the present moment in view, and frames the session that is on.
 /// Its window tells it rink, venue, date and time. Main thread.
-class TodayScheduleView : public DataLoadingView, Counted<TodayScheduleView> {
+class TodayScheduleView : public DataLoadingView, public AccessibleView, Counted<TodayScheduleView> {
   Q_OBJECT
  public:
   using Counted<TodayScheduleView>::liveCount;
@@ -53,6 +54,12 @@ class TodayScheduleView : public DataLoadingView, Counted<TodayScheduleView> {
 
   /// Brings the present moment a fifth of the way down. An animated scroll has begun when this returns.
   void scrollToCurrentTime(Animate animate);
+  /// The day's sessions, from the first to the last. The arrow keys lead through them once the user has gone
+  /// to the view with the tab key; a click doesn't give it the keyboard.
+  AccessibleNode accessibleTree() const override;
+  QString accessibleFocus() const override;
+  void focusAccessible(const QString& id) override;
+
   void loadData() override;
   /// Lays out anew in the room that the scroll area has.
   void adjustSize();
@@ -77,6 +84,9 @@ class TodayScheduleView : public DataLoadingView, Counted<TodayScheduleView> {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void observe(const WindowContext& context);
@@ -88,6 +98,7 @@ class TodayScheduleView : public DataLoadingView, Counted<TodayScheduleView> {
   void updateCurrentSession();
   void placeTimeMarker();
   void describe();
+  void drawFocus(QPainter& painter) const;
   void watchScrolling();
   void viewDidScroll();
   void needsRedraw() { setNeedsDisplay(!isClosing); }
@@ -107,12 +118,13 @@ class TodayScheduleView : public DataLoadingView, Counted<TodayScheduleView> {
   PackedDate currentDate_ = kNoDate;
   std::int64_t currentTime_ = 0;
   std::shared_ptr<const ScheduleItem> currentSession_;
+  QString focusedID_;                         ///< of a session that may be gone
   const ScheduleItem* framedItem_ = nullptr;  ///< compared alone
   std::optional<Instant> lastScrolled_;       ///< none since the last scroll to now
   bool scrollToNow_ = true;                   ///< at the next load
   std::shared_ptr<WeeklySchedule> weeklySchedule_;
   ScheduleItems scheduleItems_;
-  TodayTextWidths widest_;
+  ItemTextWidths widest_;
   TodayLayout layout_;
   TimeMarkerView* timeMarkerView_ = nullptr;  ///< a child, made at first need
   QVariantAnimation* scrollAnimation_;        ///< a child

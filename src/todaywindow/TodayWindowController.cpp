@@ -70,6 +70,7 @@ void TodayWindowController::connectControls() {
 
 void TodayWindowController::setChosenRink(const std::shared_ptr<RinkData>& rink) {
   if (rink != chosenRink()) popovers_.close();
+  awaitedRinkID_ = 0;
   chosenRink_ = rink;
   chosenVenue_.reset();
   if (rink) {
@@ -131,7 +132,8 @@ std::shared_ptr<const Image> TodayWindowController::logo() const {
 }
 
 void TodayWindowController::updateLogo() {
-  views_->showLogo(logo() != nullptr);
+  const auto image = logo();
+  views_->setLogoSize(image ? image->pixelSize() : Size{});
   views_->logoView().update();
 }
 

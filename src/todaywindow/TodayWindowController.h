@@ -92,6 +92,9 @@ class TodayWindowController : public DataLoadingWindowController,
   bool isChosenRinkID(const Notification& notification) const;
   void weeklyScheduleChanged(const Notification& notification);
   void venuesChanged();
+  /// Choose what the settings name; a rink that the catalogue doesn't have is waited for.
+  void chooseRinkOfSettings(std::int64_t rinkID);
+  void chooseVenueOfSettings(std::int64_t venueID);
   void windowDidBecomeMain();
   void windowDidResignMain();
 
@@ -107,6 +110,9 @@ class TodayWindowController : public DataLoadingWindowController,
 
   WindowContext context_;
   bool isKioskWindow_;
+  /// Of a window whose rink the catalogue didn't have when its settings came; 0 for none.
+  std::int64_t awaitedRinkID_ = 0;
+  std::int64_t awaitedVenueID_ = 0;
   std::weak_ptr<RinkData> chosenRink_;
   std::weak_ptr<Venue> chosenVenue_;
   PackedDate currentDate_ = kNoDate;

@@ -1,6 +1,7 @@
 #include "todaywindow/TodayWindowLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarvel {
 namespace {
@@ -33,8 +34,8 @@ TodayWindowLayout TodayWindowLayout::of(const TodayWindowInput& input) {
   layout.dateFontSize = kDateFont * band;
   layout.rinkNameFontSize = kRinkNameFont * band;
   layout.venueNameFontSize = kVenueNameFont * band;
-  layout.placeClock(layout.placeButtons(window.width - kMargin, input.showsCloseButton) - kMargin);
-  layout.placeNames(layout.time.x - kMargin, input.showsLogo);
+  layout.placeClock(layout.placeButtons(window.width - kRightMargin, input.showsCloseButton) - kMargin);
+  layout.placeNames(layout.time.x - kMargin, input.logo);
   layout.schedule = {0.0, band, window.width, std::max(0.0, window.height - band)};
   return layout;
 }
@@ -63,14 +64,17 @@ void TodayWindowLayout::placeClock(double right) {
   date = {time.x, time.maxY(), width, kDateHeight * bandHeight};
 }
 
-void TodayWindowLayout::placeNames(double right, bool showsLogo) {
+void TodayWindowLayout::placeNames(double right, const Size& logoSize) {
   const double padding = kBandPadding * bandHeight;
   const double height = bandHeight - 2 * padding;
-  double left = kMargin;
-  if (showsLogo) {
-    logo = {left, padding, std::max(0.0, std::min(kLogoWidth * bandHeight, kWidestLogo * (right - left))),
-            height};
-    left = logo.maxX() + kMargin;
+  double left = kLeftMargin;
+  if (logoSize.width > 0.0 && logoSize.height > 0.0) {
+    // No wider than the picture, which isn't enlarged, so that it stands at the margin and the names beside
+    // it.
+    const double scale = std::min(1.0, height / logoSize.height);
+    const double widest = std::min(kLogoWidth * bandHeight, kWidestLogo * (right - left));
+    logo = {left, padding, std::max(0.0, std::min(std::ceil(scale * logoSize.width), widest)), height};
+    left = logo.maxX() + std::max(kMargin, padding);
   }
   info = {left, padding, std::max(0.0, right - left), height};
 }

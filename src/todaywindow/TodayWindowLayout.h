@@ -1,12 +1,12 @@
 #pragma once
-#include "platform/Geometry.h"
+#include "todaywindow/TodayLayout.h"
 
 namespace tarvel {
 
 /// What the layout of a Today window depends on.
 struct TodayWindowInput {
   Size window;
-  bool showsLogo = false;
+  Size logo;  ///< in pixels of its own; empty without one
   bool showsCloseButton = false;
 };
 
@@ -16,7 +16,10 @@ struct TodayWindowInput {
 struct TodayWindowLayout {
   static constexpr double kLeastBand = 72.0;
   static constexpr double kLargestBand = 260.0;
-  static constexpr double kMargin = 16.0;
+  /// The band's contents begin and end where the bars below do.
+  static constexpr double kLeftMargin = TodayLayout::kBarX;
+  static constexpr double kRightMargin = TodayLayout::kRightMargin;
+  static constexpr double kMargin = 16.0;  ///< the least between two parts
   static constexpr double kGap = 8.0;
   static constexpr double kButtonWidth = 34.0;
   static constexpr double kButtonHeight = 28.0;
@@ -41,7 +44,7 @@ struct TodayWindowLayout {
  private:
   double placeButtons(double right, bool showsCloseButton);
   void placeClock(double right);
-  void placeNames(double right, bool showsLogo);
+  void placeNames(double right, const Size& logoSize);
 };
 
 }  // namespace tarvel

@@ -30,8 +30,9 @@ PropertyList::Dictionary TodayWindowController::windowSettings() const {
   const auto venue = chosenVenue();
   const TodayScheduleView& view = todayScheduleView();
   PropertyList::Dictionary settings;
-  settings[kRinkID] = rink ? rink->rinkID : std::int64_t{0};
-  settings[kVenueID] = venue ? venue->venueID : std::int64_t{0};
+  settings[kRinkID] = rink ? rink->rinkID : awaitedRinkID_;
+  const std::int64_t awaitedVenueID = awaitedRinkID_ != 0 ? awaitedVenueID_ : 0;
+  settings[kVenueID] = venue ? venue->venueID : awaitedVenueID;
   settings[kFitHeight] = view.fitHeight() == VerticalFit::fit;
   settings[kHeightScaleFactor] = view.heightScaleFactor();
   settings[kFontSizeFit] = view.fontSize(VerticalFit::fit);
@@ -42,15 +43,9 @@ PropertyList::Dictionary TodayWindowController::windowSettings() const {
 }
 
 void TodayWindowController::restoreSettings(const PropertyList::Dictionary& settings, FromAnotherDocument) {
-  if (const auto rinkID = integerAt(settings, kRinkID)) {
-    const bool isKnown = context_.dataModel.rinkInfo(*rinkID) != nullptr;
-    setChosenRink(isKnown ? context_.dataModel.rinkData(*rinkID) : nullptr);
-  }
-  if (const auto venueID = integerAt(settings, kVenueID)) {
-    const auto rink = chosenRink();
-    // A venue that has gone leaves the rink's first.
-    if (const auto venue = rink ? rink->venue(*venueID) : nullptr) setChosenVenue(venue);
-  }
+  awaitedVenueID_ = 0;
+  if (const auto rinkID = integerAt(settings, kRinkID)) chooseRinkOfSettings(*rinkID);
+  if (const auto venueID = integerAt(settings, kVenueID)) chooseVenueOfSettings(*venueID);
   TodayScheduleView& view = todayScheduleView();
   if (const auto fit = booleanAt(settings, kFitHeight))
     view.setFitHeight(*fit ? VerticalFit::fit : VerticalFit::scroll);
@@ -59,6 +54,20 @@ void TodayWindowController::restoreSettings(const PropertyList::Dictionary& sett
   if (const auto size = realAt(settings, kFontSizeScroll)) view.setFontSize(VerticalFit::scroll, *size);
   if (const auto chimes = booleanAt(settings, kChimeOption)) chimeOption = *chimes;
   setColorMode(colorModeOf(integerAt(settings, kColorMode)));
+}
+
+void TodayWindowController::chooseRinkOfSettings(std::int64_t rinkID) {
+  const bool isKnown = context_.dataModel.rinkInfo(rinkID) != nullptr;
+  setChosenRink(isKnown ? context_.dataModel.rinkData(rinkID) : nullptr);
+  // A catalogue that was lost comes back from the server, and a display on a wall has nobody to choose again.
+  if (!isKnown) awaitedRinkID_ = rinkID;
+}
+
+void TodayWindowController::chooseVenueOfSettings(std::int64_t venueID) {
+  awaitedVenueID_ = venueID;
+  const auto rink = chosenRink();
+  // A venue that has gone leaves the rink's first.
+  if (const auto venue = rink ? rink->venue(venueID) : nullptr) setChosenVenue(venue);
 }
 
 void TodayWindowController::defaultSettings() {
@@ -80,6 +89,11 @@ void TodayWindowController::observeModel() {
       if (isChosenRink(notification)) action();
     });
   };
+  on(kRinkListChanged, [this](const Notification&) {
+    if (awaitedRinkID_ == 0 || !context_.dataModel.rinkInfo(awaitedRinkID_)) return;
+    chooseRinkOfSettings(awaitedRinkID_);
+    chooseVenueOfSettings(awaitedVenueID_);
+  });
   onMyRink(kVenuesChanged, [this] { venuesChanged(); });
   onMyRink(kSchedulesChanged, [this] { needsData(); });
   on(kWeeklyScheduleChanged,

@@ -10,6 +10,23 @@ const TextAttributes kTimeAttributes{40.0, FontWeight::regular, kLabel, kRightSt
                                      FontDesign::tabularDigits};
 const TextAttributes kDateAttributes{16.0, FontWeight::regular, kLabel, kRightStyle};
 
+/// Of the names' sizes; what is too long for this is broken into lines, and they have room.
+constexpr double kLeastNameScale = 0.5;
+/// A font of another size is not wider in the same proportion to the pixel.
+constexpr double kSpareRoom = 0.98;
+
+/// The names' sizes follow from the band's, not from the desktop's wish.
+class NamesView final : public InfoView {
+ public:
+  using InfoView::InfoView;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    const FixedTextScale sizeOfTheBand;
+    InfoView::paintEvent(event);
+  }
+};
+
 void place(QWidget& view, const Rect& rect) {
   view.setGeometry(QRectF(rect.x, rect.y, rect.width, rect.height).toRect());
 }
@@ -23,12 +40,19 @@ TodayWindowViews::TodayWindowViews(const WindowContext& context, QWidget* window
   todayScheduleScrollView_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   todayScheduleView_ = new TodayScheduleView(context);
   todayScheduleScrollView_->setWidget(todayScheduleView_);
+  tintScrollBar();
+}
+
+void TodayWindowViews::tintScrollBar() {
+  QPalette groove;
+  groove.setColor(QPalette::Base, color(kTodayBackground, this));
+  todayScheduleScrollView_->verticalScrollBar()->setPalette(groove);
 }
 
 void TodayWindowViews::makeBand() {
   logoView_ = new ImageDisplayView(this);
   logoView_->setAccessibleName(QStringLiteral("Logo of the rink"));
-  infoView_ = new InfoView(this);
+  infoView_ = new NamesView(this);
   timeField_ = new HeadlineField(kTimeAttributes, this);
   timeField_->setAccessibleName(QStringLiteral("Time at the rink"));
   dateField_ = new HeadlineField(kDateAttributes, this);
@@ -40,7 +64,9 @@ void TodayWindowViews::makeBand() {
 
 void TodayWindowViews::changeEvent(QEvent* event) {
   BoxView::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && appearanceChanged) appearanceChanged();
+  if (event->type() != QEvent::PaletteChange || !todayScheduleView_) return;
+  tintScrollBar();
+  if (appearanceChanged) appearanceChanged();
 }
 
 void TodayWindowViews::resizeEvent(QResizeEvent* event) {
@@ -48,9 +74,9 @@ void TodayWindowViews::resizeEvent(QResizeEvent* event) {
   layOut();
 }
 
-void TodayWindowViews::showLogo(bool shown) {
-  if (shown == showsLogo_) return;
-  showsLogo_ = shown;
+void TodayWindowViews::setLogoSize(const Size& size) {
+  if (size == logoSize_) return;
+  logoSize_ = size;
   layOut();
 }
 
@@ -62,16 +88,23 @@ void TodayWindowViews::setNames(const std::string& rinkName, const std::string& 
 
 void TodayWindowViews::updateInfoText() {
   if (rinkName_.empty() && venueName_.empty()) return infoView_->setText(std::nullopt);
-  AttributedText text(rinkName_ + "\n", {layout_.rinkNameFontSize, FontWeight::bold});
-  text.append(venueName_, {layout_.venueNameFontSize, FontWeight::regular});
-  infoView_->setText(std::move(text));
+  const auto names = [this](double scale) {
+    AttributedText text(rinkName_ + "\n", {scale * layout_.rinkNameFontSize, FontWeight::bold});
+    text.append(venueName_, {scale * layout_.venueNameFontSize, FontWeight::regular});
+    return text;
+  };
+  const FixedTextScale sizeOfTheBand;
+  // Long names are smaller rather than broken into lines, of which the last would have no room.
+  const double wanted = boundingRect(names(1.0), {}, TextFit::wrap).width;
+  const double room = layout_.info.width - 2 * InfoView::kSideMargin;
+  infoView_->setText(names(wanted > room ? std::max(kLeastNameScale, kSpareRoom * room / wanted) : 1.0));
 }
 
 void TodayWindowViews::layOut() {
   layout_ = TodayWindowLayout::of({{static_cast<double>(width()), static_cast<double>(height())},
-                                   showsLogo_,
+                                   logoSize_,
                                    !closeWindowButton_->isHidden()});
-  logoView_->setVisible(showsLogo_);
+  logoView_->setVisible(logoSize_.width > 0.0 && logoSize_.height > 0.0);
   place(*logoView_, layout_.logo);
   place(*infoView_, layout_.info);
   place(*timeField_, layout_.time);

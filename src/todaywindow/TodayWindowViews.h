@@ -31,8 +31,9 @@ class TodayWindowViews : public BoxView {
   IconButton& closeWindowButton() const { return *closeWindowButton_; }
   const TodayWindowLayout& layoutNow() const { return layout_; }
 
-  /// A rink without a logo leaves its room to the names.
-  void showLogo(bool shown);
+  /// The size of the logo in its own pixels. A rink without one, of an empty size, leaves its room to the
+  /// names.
+  void setLogoSize(const Size& size);
   /// Both empty shows nothing.
   void setNames(const std::string& rinkName, const std::string& venueName);
   /// Called when the views have become light or dark, by the desktop's choice or the window's.
@@ -44,10 +45,12 @@ class TodayWindowViews : public BoxView {
 
  private:
   void makeBand();
+  /// The scroll bar's groove has the colour of the schedule beside it.
+  void tintScrollBar();
   void layOut();
   void updateInfoText();
 
-  bool showsLogo_ = false;
+  Size logoSize_;
   std::string rinkName_;
   std::string venueName_;
   TodayWindowLayout layout_;
@@ -59,7 +62,7 @@ class TodayWindowViews : public BoxView {
   IconButton* gearButton_;
   IconButton* closeWindowButton_;
   QScrollArea* todayScheduleScrollView_;
-  TodayScheduleView* todayScheduleView_;
+  TodayScheduleView* todayScheduleView_ = nullptr;  ///< the last to be made
 };
 
 }  // namespace tarvel

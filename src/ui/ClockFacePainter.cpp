@@ -83,6 +83,7 @@ class FacePainter {
   }
 
   void paintNumerals() {
+    const FixedTextScale sizeOfTheFace;
     const QFont font = systemFont(kNumeralHeight * radius_, FontWeight::medium);
     painter_.setFont(font);
     painter_.setPen(colorOf(kLabel));

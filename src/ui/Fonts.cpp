@@ -5,8 +5,11 @@
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QStringList>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "ui/TextCache.h"
 
@@ -15,6 +18,12 @@ namespace tarvel {
 namespace {
 
 constexpr double kStandardSize = 13.0;
+constexpr double kLargestTextScale = 2.0;
+
+double desktopTextScale = 1.0;
+int fixedScales = 0;
+/// The application's font as it is at a scale of 1.0.
+QFont unscaledFont;
 
 /// The names under which Qt asks for any sans-serif face when the desktop names none.
 const QStringList kNoChoice{QStringLiteral("Sans Serif"), QStringLiteral("Sans"),
@@ -40,8 +49,17 @@ QFont::Weight qtWeight(FontWeight weight) {
 QFont sized(QFont font, double size, FontWeight weight) {
   // Text is measured once and drawn at any scale, so its widths must not depend on the pixel grid.
   font.setHintingPreference(QFont::PreferNoHinting);
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(size))));
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(size * textScale()))));
   font.setWeight(qtWeight(weight));
+  return font;
+}
+
+QFont resized(QFont font, double scale) {
+  if (font.pixelSize() > 0) {
+    font.setPixelSize(static_cast<int>(std::lround(font.pixelSize() * scale)));
+  } else {
+    font.setPointSizeF(font.pointSizeF() * scale);
+  }
   return font;
 }
 
@@ -63,6 +81,41 @@ QString chooseTabularFamily() {
 }
 
 }  // namespace
+
+double textScale() {
+  return fixedScales > 0 ? 1.0 : desktopTextScale;
+}
+
+int scaledForText(int length) {
+  return static_cast<int>(std::lround(length * textScale()));
+}
+
+FixedTextScale::FixedTextScale() {
+  ++fixedScales;
+}
+
+FixedTextScale::~FixedTextScale() {
+  --fixedScales;
+}
+
+void setTextScale(double scale) {
+  const double before = desktopTextScale;
+  desktopTextScale = std::isfinite(scale) ? std::clamp(scale, 1.0, kLargestTextScale) : 1.0;
+  if (desktopTextScale == before) return;
+  // Their sizes are whole at a scale of 1.0, so that they come back from any other. All are asked before the
+  // first is set, which others may inherit from.
+  std::vector<std::pair<QWidget*, double>> widgets;
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (widget->testAttribute(Qt::WA_SetFont) && widget->font().pixelSize() > 0)
+      widgets.emplace_back(widget, std::round(widget->font().pixelSize() / before));
+  }
+  QApplication::setFont(resized(unscaledFont, desktopTextScale));
+  for (const auto& [widget, unscaled] : widgets) {
+    QFont font = widget->font();
+    font.setPixelSize(static_cast<int>(std::lround(unscaled * desktopTextScale)));
+    widget->setFont(font);
+  }
+}
 
 QFont systemFont(double size, FontWeight weight) {
   return sized(QApplication::font(), size, weight);
@@ -94,7 +147,8 @@ void installSystemFont() {
     }
     font.setPixelSize(static_cast<int>(kStandardSize));
   }
-  QApplication::setFont(font);
+  unscaledFont = font;
+  QApplication::setFont(resized(font, desktopTextScale));
   TextCache::shared().clear();
 }
 

@@ -20,6 +20,7 @@ namespace {
 constexpr double kDisabledOpacity = 0.4;
 constexpr double kScales[] = {1.0, 2.0, 3.0};
 constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
+constexpr int kLargestSmallIcon = 32;  ///< up to here the mark is drawn with fewer parts
 
 QPixmap render(const QString& file, int pixels) {
   QSvgRenderer renderer(file);
@@ -70,7 +71,11 @@ QIcon buttonIcon(std::string_view name, const QColor& color, double size) {
 
 QIcon applicationIcon() {
   QIcon result;
-  for (const int size : kIconSizes) result.addPixmap(render(QStringLiteral(":/tarvel.svg"), size));
+  for (const int size : kIconSizes) {
+    const bool small = size <= kLargestSmallIcon;
+    result.addPixmap(
+        render(small ? QStringLiteral(":/tarvel-small.svg") : QStringLiteral(":/tarvel.svg"), size));
+  }
   return result;
 }
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <utility>
 
+#include "ui/AccessibleFactory.h"
 #include "ui/PixelBox.h"
 #include "ui/RinkImage.h"
 
@@ -13,7 +14,9 @@ constexpr double kFrameLine = 1.0;
 
 }  // namespace
 
-ImageDisplayView::ImageDisplayView(QWidget* parent) : QWidget(parent) {}
+ImageDisplayView::ImageDisplayView(QWidget* parent) : QWidget(parent) {
+  setAccessibleRole(*this, QAccessible::Graphic);
+}
 
 void ImageDisplayView::setImageProvider(ImageProvider provider) {
   imageProvider_ = std::move(provider);

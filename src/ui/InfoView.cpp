@@ -4,14 +4,13 @@
 #include <QPainter>
 #include <utility>
 
+#include "ui/AccessibleFactory.h"
+
 namespace tarvel {
-namespace {
 
-constexpr double kSideMargin = 6.0;
-
-}  // namespace
-
-InfoView::InfoView(QWidget* parent) : BoxView(parent) {}
+InfoView::InfoView(QWidget* parent) : BoxView(parent) {
+  setAccessibleRole(*this, QAccessible::StaticText);
+}
 
 void InfoView::setText(std::optional<AttributedText> text) {
   text_ = std::move(text);

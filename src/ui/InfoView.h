@@ -15,6 +15,8 @@ class InfoView : public BoxView, tarvel::Counted<InfoView> {
   using tarvel::Counted<InfoView>::liveCount;
   using DoubleClickAction = std::function<void(InfoView&)>;
 
+  static constexpr double kSideMargin = 6.0;  ///< on both sides of the text
+
   explicit InfoView(QWidget* parent = nullptr);
 
   void setText(std::optional<AttributedText> text);

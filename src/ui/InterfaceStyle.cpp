@@ -16,6 +16,7 @@ constexpr double kCheckBoxRadius = 4.0;
 constexpr double kMarkWidth = 1.75;
 constexpr double kDotRadius = 0.22;  // of the button's width
 constexpr double kFocusWidth = 2.0;
+constexpr double kFilledFocusInset = 3.0;  // of the ring, which would be lost at the edge of a fill
 constexpr int kPressedDarker = 115;
 constexpr int kIndicatorSize = 16;
 constexpr int kScrollBarWidth = 12;
@@ -105,7 +106,7 @@ class InterfaceStyle final : public QProxyStyle {
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override {
-    if (hint == SH_ScrollBar_LeftClickAbsolutePosition) return 1;
+    if (hint == SH_ScrollBar_LeftClickAbsolutePosition || hint == SH_MenuBar_AltKeyNavigation) return 1;
     if (hint == SH_EtchDisabledText || hint == SH_DitherDisabledText) return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
   }
@@ -131,7 +132,9 @@ class InterfaceStyle final : public QProxyStyle {
       fill = palette.color(QPalette::AlternateBase);
     }
     drawBox(option.rect, fill, filled ? fill : palette.color(QPalette::Mid), painter);
-    if (option.state & State_HasFocus) drawFocusRing(option, painter);
+    if (!(option.state & State_HasFocus)) return;
+    filled ? drawFocusRing(option, palette.color(QPalette::HighlightedText), kFilledFocusInset, painter)
+           : drawFocusRing(option, painter);
   }
 
   /// The field of a check box or radio button, and the colour of its mark.
@@ -188,16 +191,19 @@ class InterfaceStyle final : public QProxyStyle {
     drawBox(option.rect, option.palette.color(QPalette::Base), edge, painter);
   }
 
-  /// For those who go about by the keyboard, as long as they do.
   static void drawFocusRing(const QStyleOption& option, QPainter& painter) {
+    drawFocusRing(option, option.palette.color(QPalette::Link), kFocusWidth / 2, painter);
+  }
+  /// For those who go about by the keyboard, as long as they do.
+  static void drawFocusRing(const QStyleOption& option, const QColor& color, double inset,
+                            QPainter& painter) {
     if (!(option.state & State_KeyboardFocusChange)) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(option.palette.color(QPalette::Link), kFocusWidth));
+    painter.setPen(QPen(color, kFocusWidth));
     painter.setBrush(Qt::NoBrush);
-    const double inset = kFocusWidth / 2;
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), kCornerRadius,
-                            kCornerRadius);
+    const double radius = kCornerRadius - inset + kFocusWidth / 2;
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), radius, radius);
     painter.restore();
   }
 

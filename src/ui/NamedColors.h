@@ -21,6 +21,9 @@ struct NamedColor {
 
 // Surfaces and what stands on them.
 inline constexpr NamedColor kScheduleBackground{"schedule background"};
+inline constexpr NamedColor kScheduleGrid{"schedule grid"};
+inline constexpr NamedColor kFaintScheduleGrid{"faint schedule grid"};
+inline constexpr NamedColor kScheduleColumns{"schedule columns"};  ///< the lines between the days or venues
 inline constexpr NamedColor kTodayBackground{"today background"};
 inline constexpr NamedColor kPastBlend{"past blend"};  ///< translucent; laid over what is past
 inline constexpr NamedColor kContentBackground{"content background"};
@@ -28,6 +31,9 @@ inline constexpr NamedColor kContentBackground2{"content background 2"};
 inline constexpr NamedColor kContentBorder{"content border"};
 inline constexpr NamedColor kInactiveSelectedContentFill{"inactive selected content fill"};
 inline constexpr NamedColor kInactiveSelectedContentFrame{"inactive selected content frame"};
+inline constexpr NamedColor kControlTrack{"control track"};  ///< what a control's movable part lies in
+inline constexpr NamedColor kControlSurface{
+    "control surface"};  ///< of buttons and such parts; lighter than it
 // The colours of the system's own controls and texts.
 inline constexpr NamedColor kLabel{"label"};
 inline constexpr NamedColor kSecondaryLabel{"secondary label"};
@@ -40,6 +46,9 @@ inline constexpr NamedColor kSystemRed{"system red"};
 inline constexpr NamedColor kSystemYellow{"system yellow"};  ///< for symbols; too light for text
 inline constexpr NamedColor kSystemGreen{"system green"};
 
+/// How far apart light and dark are to be. Standard keeps texts at 4.5:1 from their surfaces, high at 7:1.
+enum class Contrast { standard, high };
+
 /// The colour's value. A name that the table lacks stops the program.
 QColor color(NamedColor name, Appearance appearance);
 /// The value for the window that the view stands in.
@@ -47,8 +56,11 @@ QColor color(NamedColor name, const QWidget* view);
 /// Looks up every colour that the views share, so that one that is missing stops the program at its launch.
 void checkNamedColors();
 /// The desktop's own accent: it takes the place of the accent, selection and focus colours where white text
-/// stays readable on it, and is passed over otherwise. None returns to the table's.
+/// stays readable on it, and is passed over otherwise, and in high contrast. None returns to the table's.
 void setDesktopAccent(std::optional<QColor> accent);
+/// From here on the table gives the colours of that contrast. Whoever shows some has to draw again.
+void setContrast(Contrast contrast);
+Contrast contrast();
 /// All names, in the order of the table.
 std::span<const NamedColor> allNamedColors();
 

@@ -4,9 +4,11 @@
 #include <QButtonGroup>
 #include <QEvent>
 #include <QPainter>
+#include <QRadioButton>
 #include <algorithm>
 #include <cmath>
 
+#include "ui/AccessibleFactory.h"
 #include "ui/Fonts.h"
 #include "ui/NamedColors.h"
 #include "ui/PixelBox.h"
@@ -28,17 +30,6 @@ constexpr double kTitleSize = 13.0;
 constexpr double kHoverPart = 0.45;
 constexpr double kPressedPart = 0.8;
 
-struct Surfaces {
-  NamedColor track;
-  NamedColor pill;
-};
-
-/// What is raised is lighter than what it stands on in both appearances.
-Surfaces surfacesFor(Appearance appearance) {
-  if (appearance == Appearance::dark) return {kContentBackground, kContentBorder};
-  return {kInactiveSelectedContentFill, kContentBackground};
-}
-
 QFont titleFont(bool chosen) {
   return systemFont(kTitleSize, chosen ? FontWeight::medium : FontWeight::regular);
 }
@@ -59,16 +50,17 @@ void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QCo
 
 }  // namespace
 
-class SegmentedControl::Segment : public QAbstractButton {
+/// A radio button to a screen reader; it has nothing else of one.
+class SegmentedControl::Segment : public QRadioButton {
  public:
-  Segment(const QString& title, QWidget* parent) : QAbstractButton(parent), title_(title) {
-    setCheckable(true);
+  Segment(const QString& title, QWidget* parent) : QRadioButton(parent), title_(title) {
     setAttribute(Qt::WA_Hover);
     setAccessibleName(title);
   }
   int neededWidth() const { return titleWidth(title_) + 2 * kTitlePadding; }
 
  protected:
+  bool hitButton(const QPoint& place) const override { return rect().contains(place); }
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -90,7 +82,7 @@ class SegmentedControl::Segment : public QAbstractButton {
   static constexpr int kBorderRoom = 3;
 
   void paintPill(QPainter& painter) const {
-    QColor fill = color(surfacesFor(appearanceOf(this)).pill, this);
+    QColor fill = color(kControlSurface, this);
     if (isChecked()) {
       // A disabled choice is still told from the others, by a pill that stands out less.
       QColor edge = color(kContentBorder, this);
@@ -106,6 +98,7 @@ class SegmentedControl::Segment : public QAbstractButton {
 };
 
 SegmentedControl::SegmentedControl(QWidget* parent) : QWidget(parent), group_(new QButtonGroup(this)) {
+  setAccessibleRole(*this, QAccessible::Grouping);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(group_, &QButtonGroup::idClicked, this, &SegmentedControl::clicked);
 }
@@ -165,11 +158,11 @@ void SegmentedControl::updateFocusPolicies() {
 QSize SegmentedControl::sizeHint() const {
   int widest = 0;
   for (const Segment* segment : segments_) widest = std::max(widest, segment->neededWidth());
-  return {widest * segmentCount() + 2 * kTrackInset, kHeight};
+  return {widest * segmentCount() + 2 * kTrackInset, scaledForText(kHeight)};
 }
 
 QSize SegmentedControl::minimumSizeHint() const {
-  return {kShortestTitle * segmentCount() + 2 * kTrackInset, kHeight};
+  return {kShortestTitle * segmentCount() + 2 * kTrackInset, scaledForText(kHeight)};
 }
 
 void SegmentedControl::placeSegments() {
@@ -194,8 +187,8 @@ void SegmentedControl::changeEvent(QEvent* event) {
 void SegmentedControl::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  drawRounded(painter, rect(), kTrackRadius, color(surfacesFor(appearanceOf(this)).track, this),
-              color(kContentBorder, this), kBorder);
+  drawRounded(painter, rect(), kTrackRadius, color(kControlTrack, this), color(kContentBorder, this),
+              kBorder);
   painter.setRenderHint(QPainter::Antialiasing, false);
   // Beside the pill a line would only double its edge.
   for (int i = 1; i < segmentCount(); ++i) {

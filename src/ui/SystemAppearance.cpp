@@ -7,13 +7,17 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QPalette>
+#include <QResizeEvent>
+#include <QScreen>
 #include <QTimer>
 #include <array>
+#include <cmath>
 
 #include "platform/FatalError.h"
 #include "ui/Fonts.h"
 #include "ui/InterfaceStyle.h"
 #include "ui/NamedColors.h"
+#include "ui/TextCache.h"
 
 namespace tarvel {
 
@@ -25,10 +29,14 @@ const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString kGroup = QStringLiteral("org.freedesktop.appearance");
 const QString kSchemeKey = QStringLiteral("color-scheme");
 const QString kAccentKey = QStringLiteral("accent-color");
+const QString kContrastKey = QStringLiteral("contrast");
+const QString kInterfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const QString kTextScaleKey = QStringLiteral("text-scaling-factor");
 
 // Values of the scheme: 0 is no preference.
 constexpr uint kPrefersDark = 1;
 constexpr uint kPrefersLight = 2;
+constexpr uint kPrefersHighContrast = 1;
 constexpr int kMiddleLightness = 128;
 
 SystemAppearance* theInstance = nullptr;
@@ -54,6 +62,14 @@ std::optional<QColor> accentOf(const QVariant& value) {
   return toQColor({parts[0], parts[1], parts[2]});
 }
 
+/// On X11 some desktops pass their text's scale on as the screen's resolution, by which everything is larger
+/// already. `ratio` may be a multiple of it, for screens of small pixels.
+bool isInRatio(double scale, double ratio) {
+  constexpr double kTolerance = 0.02;
+  const double rest = ratio / scale;
+  return scale > 1.0 && rest >= 1.0 - kTolerance && std::abs(rest - std::round(rest)) < kTolerance;
+}
+
 }  // namespace
 
 SystemAppearance::SystemAppearance() {
@@ -69,6 +85,8 @@ SystemAppearance::SystemAppearance() {
 }
 
 SystemAppearance::~SystemAppearance() {
+  setTextScale(1.0);
+  setContrast(Contrast::standard);
   theInstance = nullptr;
 }
 
@@ -93,41 +111,75 @@ void SystemAppearance::askPortal() {
   qRegisterMetaType<QDBusVariant>();  // or the bus doesn't recognise the slot's last argument
   bus.connect(kService, kObject, kInterface, QStringLiteral("SettingChanged"), this,
               SLOT(portalSettingChanged(QString, QString, QDBusVariant)));
-  askPortalFor(kSchemeKey);
-  askPortalFor(kAccentKey);
+  askPortalFor(kGroup, kSchemeKey);
+  askPortalFor(kGroup, kAccentKey);
+  askPortalFor(kGroup, kContrastKey);
+  askPortalFor(kInterfaceGroup, kTextScaleKey);
 }
 
-void SystemAppearance::askPortalFor(const QString& key) {
+void SystemAppearance::askPortalFor(const QString& group, const QString& key) {
   QDBusMessage call = QDBusMessage::createMethodCall(kService, kObject, kInterface, QStringLiteral("Read"));
-  call << kGroup << key;
+  call << group << key;
   auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, key](QDBusPendingCallWatcher* answered) {
-    const QDBusPendingReply<QDBusVariant> reply = *answered;
-    if (reply.isValid()) takeSetting(key, unwrapped(QVariant::fromValue(reply.value())));
-    answered->deleteLater();
-  });
+  connect(watcher, &QDBusPendingCallWatcher::finished, this,
+          [this, group, key](QDBusPendingCallWatcher* answered) {
+            const QDBusPendingReply<QDBusVariant> reply = *answered;
+            if (reply.isValid()) takeSetting(group, key, unwrapped(QVariant::fromValue(reply.value())));
+            answered->deleteLater();
+          });
 }
 
 void SystemAppearance::portalSettingChanged(const QString& group, const QString& key,
                                             const QDBusVariant& value) {
-  if (group == kGroup) takeSetting(key, unwrapped(QVariant::fromValue(value)));
+  takeSetting(group, key, unwrapped(QVariant::fromValue(value)));
 }
 
-void SystemAppearance::takeSetting(const QString& key, const QVariant& value) {
+void SystemAppearance::takeSetting(const QString& group, const QString& key, const QVariant& value) {
+  if (group == kInterfaceGroup && key == kTextScaleKey) {
+    wantedTextScale_ = value.toDouble();
+    applyTextScale();
+  }
+  if (group != kGroup) return;
+  if (key == kSchemeKey) takeScheme(value.toUInt());
   if (key == kAccentKey) {
     setDesktopAccent(accentOf(value));
     apply();
-  } else if (key == kSchemeKey) {
-    const Appearance before = current();
-    const uint scheme = value.toUInt();
-    desktop_ = scheme == kPrefersDark    ? Appearance::dark
-               : scheme == kPrefersLight ? Appearance::light
-                                         : fallback_;
-    if (current() != before) apply();
+  }
+  if (key == kContrastKey) {
+    const Contrast wanted = value.toUInt() == kPrefersHighContrast ? Contrast::high : Contrast::standard;
+    if (wanted == contrast()) return;
+    setContrast(wanted);
+    apply();
   }
 }
 
+void SystemAppearance::takeScheme(uint scheme) {
+  const Appearance before = current();
+  desktop_ = scheme == kPrefersDark    ? Appearance::dark
+             : scheme == kPrefersLight ? Appearance::light
+                                       : fallback_;
+  if (current() != before) apply();
+}
+
+void SystemAppearance::applyTextScale() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const bool isApplied = screen && QGuiApplication::platformName() == QLatin1String("xcb") &&
+                         isInRatio(wantedTextScale_, screen->devicePixelRatio());
+  const double before = textScale();
+  setTextScale(isApplied ? 1.0 : wantedTextScale_);
+  if (textScale() == before) return;
+  // What is laid out for a size holds texts, and these are other ones now.
+  for (QWidget* widget : QApplication::allWidgets()) {
+    QResizeEvent resize(widget->size(), widget->size());
+    QApplication::sendEvent(widget, &resize);
+    widget->update();
+  }
+  emit changed();
+}
+
 void SystemAppearance::apply() {
+  // Texts in several colours are kept with them.
+  TextCache::shared().clear();
   QApplication::setPalette(paletteFor(current()));
   emit changed();
 }
@@ -142,7 +194,7 @@ QPalette paletteFor(Appearance appearance) {
   palette.setColor(QPalette::AlternateBase, of(kContentBackground2));
   palette.setColor(QPalette::Text, of(kLabel));
   palette.setColor(QPalette::PlaceholderText, of(kTertiaryLabel));
-  palette.setColor(QPalette::Button, dark ? of(kContentBorder) : of(kContentBackground));
+  palette.setColor(QPalette::Button, of(kControlSurface));
   palette.setColor(QPalette::ButtonText, of(kLabel));
   palette.setColor(QPalette::BrightText, Qt::white);
   palette.setColor(QPalette::ToolTipBase, of(kContentBackground));

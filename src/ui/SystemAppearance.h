@@ -11,8 +11,9 @@ class QVariant;
 namespace tarvel {
 
 /// The appearance of the desktop and, through the application's palette and style, of all windows that have
-/// not chosen one of their own. It follows the desktop's settings portal; without one it stays with what the
-/// palette looked like at the start. One in the process, made after the QApplication; main thread.
+/// not chosen one of their own; its contrast and the size of its texts, for all windows. It follows the
+/// desktop's settings portal; without one it stays with what the palette looked like at the start. One in the
+/// process, made after the QApplication; main thread.
 class SystemAppearance : public QObject {
   Q_OBJECT
  public:
@@ -29,7 +30,8 @@ class SystemAppearance : public QObject {
   void setOverride(std::optional<Appearance> appearance);
 
  signals:
-  /// Appearance or accent are others than before; the application's palette is already the new one.
+  /// Appearance, contrast, accent or text scale are others than before; the application's palette and fonts
+  /// are already the new ones.
   void changed();
 
  public slots:
@@ -38,13 +40,16 @@ class SystemAppearance : public QObject {
 
  private:
   void askPortal();
-  void askPortalFor(const QString& key);
-  void takeSetting(const QString& key, const QVariant& value);
+  void askPortalFor(const QString& group, const QString& key);
+  void takeSetting(const QString& group, const QString& key, const QVariant& value);
+  void takeScheme(uint scheme);
+  void applyTextScale();
   void apply();
 
   Appearance desktop_ = Appearance::light;
   Appearance fallback_ = Appearance::light;
   std::optional<Appearance> override_;
+  double wantedTextScale_ = 1.0;
 };
 
 /// The palette of standard widgets in that appearance.

@@ -12,7 +12,7 @@ TextCache& TextCache::shared() {
 
 bool TextCache::Key::operator==(const Key& other) const {
   return limit == other.limit && fit == other.fit && appearance == other.appearance &&
-         text.runs() == other.text.runs();
+         textScale == other.textScale && text.runs() == other.text.runs();
 }
 
 std::size_t TextCache::KeyHash::operator()(const Key& key) const {
@@ -24,7 +24,7 @@ std::size_t TextCache::KeyHash::operator()(const Key& key) const {
 std::shared_ptr<const TextLayout> TextCache::layout(const AttributedText& text, Size limit, TextFit fit,
                                                     Appearance appearance) {
   const bool sameInBoth = text.runs().size() <= 1;
-  Key key{text, limit, fit, sameInBoth ? Appearance::light : appearance};
+  Key key{text, limit, fit, sameInBoth ? Appearance::light : appearance, textScale()};
   if (const auto found = index_.find(key); found != index_.end()) {
     entries_.splice(entries_.begin(), entries_, found->second);
     return found->second->layout;

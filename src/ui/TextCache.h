@@ -20,7 +20,7 @@ class TextCache {
 
   std::shared_ptr<const TextLayout> layout(const AttributedText& text, Size limit, TextFit fit,
                                            Appearance appearance);
-  /// For when the fonts themselves change.
+  /// For when the fonts themselves, or the colours of the table, change.
   void clear();
 
   std::size_t textCount() const { return entries_.size(); }
@@ -32,6 +32,7 @@ class TextCache {
     Size limit;
     TextFit fit;
     Appearance appearance;
+    double textScale;
     bool operator==(const Key& other) const;
   };
   struct KeyHash {

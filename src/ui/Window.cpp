@@ -32,6 +32,12 @@ Window* windowAbove(QWidget* widget) {
   return nullptr;
 }
 
+/// While the manager takes a window into its frame, that frame may have no size yet, and the toolkit measures
+/// margins below zero.
+bool areMeasured(const QMargins& margins) {
+  return std::min({margins.left(), margins.top(), margins.right(), margins.bottom()}) >= 0;
+}
+
 int asPixels(double length) {
   return static_cast<int>(std::lround(length));
 }
@@ -94,12 +100,13 @@ bool Window::isDecorated() const {
 FrameMargins Window::margins() const {
   if (!isDecorated()) return {};
   const QMargins known = windowHandle() ? windowHandle()->frameMargins() : QMargins();
-  if (known.isNull()) return lastKnownMargins;
+  if (known.isNull() || !areMeasured(known)) return lastKnownMargins;
   return {double(known.left()), double(known.top()), double(known.right()), double(known.bottom())};
 }
 
 void Window::noteMargins() {
   if (!isVisible() || !isDecorated() || followsManager()) return;
+  if (windowHandle() && !areMeasured(windowHandle()->frameMargins())) return;
   const FrameMargins known = margins();
   lastKnownMargins = known;
   if (known != limitsMargins_) applyLimits();
@@ -211,6 +218,7 @@ void Window::orderFront() {
 }
 
 void Window::makeKeyAndOrderFront() {
+  if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
   raise();
   activateWindow();

@@ -71,6 +71,7 @@ class Window : public QWidget, private Counted<Window> {
 
   /// Shows the window in front of the others, without taking the keyboard.
   void orderFront();
+  /// Also brings a minimised window back.
   void makeKeyAndOrderFront();
   /// Closes the window if the delegate lets it; what the user's ways of closing come to.
   virtual void performClose();

@@ -53,6 +53,10 @@ TEST(CursorHider, HidesWhenNobodyTouchesTheMachineAndShowsAtAMove) {
   QTest::keyClick(&view, Qt::Key_A);
   EXPECT_TRUE(blank()) << "a key alone doesn't show it";
   EXPECT_EQ(hider.secondsUntilHiding(), 10.0) << "but begins the wait anew";
+  const QPointF same = QPointF(QCursor::pos()) + QPointF(0.4, 0.25);
+  QMouseEvent still(QEvent::MouseMove, {1.0, 1.0}, same, Qt::NoButton, Qt::NoButton, {});
+  QApplication::sendEvent(view.windowHandle(), &still);
+  EXPECT_TRUE(blank()) << "the toolkit's own move, of a mouse that stands still";
   move();
   EXPECT_FALSE(blank());
   world.runFor(10.1);

@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -176,6 +177,37 @@ TEST_F(MenusTest, UndoOfTheServerWindow) {
     EXPECT_EQ(server.urlField().text(), text);
   }
   EXPECT_EQ(stateOf("Edit", "Undo"), "off");
+}
+
+TEST_F(MenusTest, CopyingTakesWhatTheWindowShows) {
+  app_->tarvelURLWindow();
+  settle();
+  auto& field = dynamic_cast<TarvelURLWindowController&>(frontController()).urlField();
+  field.deselect();
+  EXPECT_EQ(stateOf("Edit", "Copy"), "off");
+  field.selectAll();
+  choose("Edit", "Copy");
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), site_.server);
+  app_->debugWindow();
+  settle();
+  press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().startsWith("\nModel\n"));
+}
+
+TEST_F(MenusTest, AMinimisedWindowComesBackAndKeysOpenTheMenus) {
+  front().showMinimized();
+  app_->mainWindow();
+  EXPECT_FALSE(front().isMinimized());
+  press(Qt::Key_F10, Qt::NoModifier);
+  ASSERT_TRUE(menu("Tarvel")->isVisible());
+  menu("Tarvel")->close();
+  press(Qt::Key_Alt, Qt::NoModifier);
+  EXPECT_TRUE(MenuBar::of(front())->hasFocus());
+  app_->showAlert("Title", "Text");
+  settle();
+  const QWidget* const button = front().focusWidget();
+  press(Qt::Key_Alt, Qt::NoModifier);
+  EXPECT_EQ(front().focusWidget(), button) << "its menus don't show";
 }
 
 TEST_F(MenusTest, NothingIsLeftOfAStormOfWindows) {

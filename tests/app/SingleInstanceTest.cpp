@@ -26,7 +26,7 @@ class SingleInstanceTest : public testing::Test {
     std::atomic<bool> done = false;
     Outcome outcome = Outcome::noAnswer;
     const std::unique_ptr<QThread> other(QThread::create([&] {
-      outcome = SingleInstance().claim(files_, store);
+      outcome = SingleInstance().claim(files_, store, {"wish", ""});
       done = true;
     }));
     other->start();
@@ -44,12 +44,15 @@ class SingleInstanceTest : public testing::Test {
 };
 
 TEST_F(SingleInstanceTest, ASecondStartIsHandedOver) {
+  // Whatever lies in the store, a second copy isn't let in.
+  ASSERT_TRUE(files_.createFolders(store() + "/.lock"));
   SingleInstance first;
-  int shown = 0;
-  first.showYourself = [&shown] { ++shown; };
+  QList<QByteArray> shown;
+  first.showYourself = [&shown](const StartupNotice& notice) { shown << notice.startupId; };
   ASSERT_EQ(first.claim(files_, store()), Outcome::first);
   EXPECT_EQ(claimFromOutside(store()), Outcome::handedOver);
-  EXPECT_EQ(shown, 1);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(shown, QList<QByteArray>{"wish"}) << "once, with what the launcher has given along";
   std::filesystem::create_directory_symlink(store(), folder_.path() + "/link");
   EXPECT_EQ(claimFromOutside(folder_.path() + "/link"), Outcome::handedOver)
       << "the same store by another path";
@@ -64,9 +67,10 @@ TEST_F(SingleInstanceTest, WhatACrashLeavesIsNoCopyThatRuns) {
   EXPECT_EXIT(crash(), testing::ExitedWithCode(7), "");
   SingleInstance next;
   int shown = 0;
-  next.showYourself = [&shown] { ++shown; };
+  next.showYourself = [&shown](const StartupNotice&) { ++shown; };
   ASSERT_EQ(next.claim(files_, store()), Outcome::first);
   EXPECT_EQ(claimFromOutside(store()), Outcome::handedOver) << "the name of the socket is in use again";
+  QCoreApplication::processEvents();
   EXPECT_EQ(shown, 1);
 }
 

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 
 #include "platform/AtomicFile.h"
+#include "platform/posix/PosixFileSystem.h"
 #include "simulation/ports/SimServices.h"
+#include "support/TempFolder.h"
 
 namespace tarvel {
 namespace {
@@ -125,6 +128,51 @@ TEST_F(StoreCleanupTest, LeftoversOfACrashGoAtTheStart) {
   EXPECT_EQ(after.size(), folders.size() + 1) << "only the one outside the store is left";
   removeLeftoversOfCrash(sim_.disk, "/nowhere");
   EXPECT_EQ(entries(), after);
+}
+
+TEST(StorePlacesTest, WhatCanNotServeGoesAtTheStart) {
+  const TempFolder temp;
+  const Path store = temp.path() + "/store";
+  const Path outside = temp.path() + "/outside";
+  const std::vector<std::pair<Path, const char*>> cases = {
+      {"rinks.b1", "file"},
+      {"defs.b1", "folder"},
+      {"appState.plist", "link"},
+      {"logos", "link"},
+      {"rink-7/main.b1", "folder"},
+      {"rink-7/notices.b1", "link"},
+      {"rink-7/Photos", "file"},
+      {"rink-8", "file"},
+      {"rink-9", "link"},
+      {"rink-10/Photos/12-2.jpg", "folder"},
+      {"rink-10/Photos/old", "link"},
+      {"rink-10/plans", "folder"},
+      {"cache", "link"},
+  };
+  const std::set<Path> wanted = {
+      "defs.b1", "logos", "rink-10/Photos/12-2.jpg", "rink-7/Photos", "rink-7/main.b1", "rink-8", "rink-9"};
+  PosixFileSystem files;
+  ASSERT_TRUE(files.createFolders(outside));
+  ASSERT_TRUE(files.write(outside + "/main.b1", Bytes{1}));
+  for (const auto& [name, kind] : cases) {
+    const Path path = join(store, name);
+    ASSERT_TRUE(files.createFolders(parentOf(path)));
+    if (kind == std::string("link")) {
+      std::filesystem::create_symlink(outside, path);
+    } else {
+      ASSERT_TRUE(kind == std::string("file") ? files.write(path, Bytes{1})
+                                              : files.createFolders(path + "/deep"));
+    }
+  }
+  std::set<Path> removed;
+  for (const Path& path : clearStorePlaces(files, store)) removed.insert(path.substr(store.size() + 1));
+  EXPECT_EQ(removed, wanted);
+  for (const auto& [name, kind] : cases) {
+    const auto there = std::filesystem::symlink_status(join(store, name));
+    EXPECT_EQ(std::filesystem::exists(there), !wanted.contains(name)) << name;
+  }
+  EXPECT_TRUE(files.info(outside + "/main.b1")) << "a link goes, and not what it leads to";
+  EXPECT_TRUE(clearStorePlaces(files, store + "/nowhere").empty());
 }
 
 }  // namespace

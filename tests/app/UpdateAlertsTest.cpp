@@ -117,9 +117,11 @@ TEST_F(UpdateAlertsTest, ARequiredUpdateStopsTheDataUntilItIsNoLongerRequired) {
 }
 
 TEST_F(UpdateAlertsTest, AnAnswerHasOneButton) {
-  app_->checkForAppUpdate();
-  settle();
-  ASSERT_TRUE(panel());
+  for (int i = 0; i < 2; ++i) {
+    app_->checkForAppUpdate();
+    settle();
+  }
+  ASSERT_EQ(windowsOf("AlertPanelWindowController"), 1U) << "the same one takes the place of that before";
   EXPECT_EQ(panel()->badge, AlertBadge::none);
   EXPECT_EQ(panel()->message, "Tarvel\nPre-Release Version");
   EXPECT_EQ(titles(), Lines{"OK"});

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPushButton>
+#include <QTest>
 
 #include "auxwindows/AlertPanelLayout.h"
 #include "auxwindows/AlertPanelWindowController.h"
@@ -84,6 +85,13 @@ TEST_F(AlertPanelTest, TellsWhichButtonWasPressedUntilItCloses) {
   EXPECT_EQ(pressed, (std::vector<int>{1, 0, 2}));
   ASSERT_EQ(world_.application.removed.size(), 1U);
   EXPECT_EQ(world_.application.removed[0].first, &panel_);
+  AlertPanelWindowController unanswered(world_.context);
+  unanswered.addButton("One");
+  unanswered.present([&](int tag) { pressed.push_back(tag); });
+  QApplication::setActiveWindow(unanswered.window());
+  QTest::keyClick(unanswered.window(), Qt::Key_Escape);
+  EXPECT_EQ(world_.application.removed.size(), 2U);
+  EXPECT_EQ(pressed.size(), 3U);
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ TEST_F(TarvelURLWindowTest, MessagesFollowTheCommittedAddress) {
 }
 
 TEST_F(TarvelURLWindowTest, OnlyEnterTakesTheAddressOver) {
-  enum class By { enterButton, returnKey, cancelButton };
+  enum class By { enterButton, returnKey, cancelButton, escapeKey };
   const struct {
     const char* typed;
     By by;
@@ -67,6 +67,8 @@ TEST_F(TarvelURLWindowTest, OnlyEnterTakesTheAddressOver) {
       {" http://new/ ", By::enterButton, "http://new/", true},
       {"http://new", By::returnKey, "http://new", true},
       {"http://new", By::cancelButton, nullptr, true},
+      {"http://new", By::escapeKey, nullptr, true},
+      {"http://n\x01\nw\uFFFE ", By::enterButton, "http://nw", true},
       {"  ", By::returnKey, nullptr, false},
       {"no address", By::returnKey, "no address", true},
   };
@@ -74,11 +76,13 @@ TEST_F(TarvelURLWindowTest, OnlyEnterTakesTheAddressOver) {
     ScheduleWorld world;
     TarvelURLWindowController window(world.context);
     window.showWindow();
-    window.urlField().clear();
-    QTest::keyClicks(&window.urlField(), c.typed);
+    QApplication::setActiveWindow(window.window());
+    window.urlField().selectAll();
+    window.urlField().insert(QString::fromUtf8(c.typed));
     if (c.by == By::enterButton) window.enterButton().click();
     if (c.by == By::returnKey) QTest::keyClick(&window.urlField(), Qt::Key_Return);
     if (c.by == By::cancelButton) window.cancelButton().click();
+    if (c.by == By::escapeKey) QTest::keyClick(&window.urlField(), Qt::Key_Escape);
     EXPECT_EQ(world.dataModel.tarvelServerURL, c.server ? c.server : before_) << c.typed;
     EXPECT_EQ(!world.application.removed.empty(), c.closes) << c.typed;
     EXPECT_EQ(world.refresher.refreshes, c.server ? 1 : 0) << c.typed;

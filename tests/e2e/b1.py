@@ -1,5 +1,6 @@
 """Reads as much of the `.b1` files as the checks from outside need."""
 
+import collections
 import os
 import struct
 from fractions import Fraction
@@ -59,6 +60,16 @@ def week_promises(content):
     reader = Reader(content)
     reader.double()
     return {reader.string(): reader.double() for _ in range(reader.int())}
+
+
+Item = collections.namedtuple("Item", "kind day time duration subtitle note")
+
+
+def week_items(content):
+    reader = Reader(content)
+    reader.double()
+    return [Item(*struct.unpack("<bbhh", reader.take(6)), reader.string(), reader.string())
+            for _ in range(reader.int())]
 
 
 def own_date(path):

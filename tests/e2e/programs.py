@@ -37,15 +37,16 @@ IFF_UP = 0x1
 
 def isolate_network():
     """Gives this process and its children a network of their own with nothing but the loopback device, so that the
-    demo's port is free and nothing reaches out. Where the system forbids it, the machine's network serves."""
+    demo's port is free and nothing reaches out. Where the system forbids it, the machine's network serves, and the
+    answer is false."""
     libc = ctypes.CDLL(None, use_errno=True)
     uid, gid = os.getuid(), os.getgid()
     if uid == 0:
         if libc.unshare(CLONE_NEWNET) != 0:
-            return
+            return False
     else:
         if libc.unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0:
-            return
+            return False
         for name, text in (("setgroups", "deny"), ("uid_map", f"{uid} {uid} 1"), ("gid_map", f"{gid} {gid} 1")):
             with open(f"/proc/self/{name}", "w", encoding="ascii") as file:
                 file.write(text)
@@ -54,6 +55,7 @@ def isolate_network():
         fcntl.ioctl(any_socket, SIOCGIFFLAGS, request)
         flags = struct.unpack("16xh14x", request)[0] | IFF_UP
         fcntl.ioctl(any_socket, SIOCSIFFLAGS, struct.pack("16sh14x", b"lo", flags))
+    return True
 
 
 def weeks_of(rink):
@@ -125,9 +127,9 @@ class Process:
 
 
 class Demo(Process):
-    def __init__(self, environment):
+    def __init__(self, environment, *arguments):
         port = urllib.parse.urlsplit(SERVER_URL).port
-        super().__init__([TARVEL_DEMO, "--port", str(port)], environment)
+        super().__init__([TARVEL_DEMO, "--port", str(port), *arguments], environment)
         self.wait_for_line("serving on ")
 
     def rink(self, rink_id):

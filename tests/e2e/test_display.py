@@ -1,47 +1,22 @@
 """The application on a screen, as its user sees it. Skipped where there is no virtual one to be had."""
 
 import os
-import shutil
 import subprocess
 import unittest
 
-from programs import ProgramTest, isolate_network, wait_for
+from display import DisplayedTest, has_tools
+from programs import isolate_network, wait_for
 
 RINK = 11
-TOOLS = ("Xvfb", "openbox", "xdotool", "xprop", "import", "convert")
 SURFACE = 2000  # pixels
 SURFACES_OF_A_WEEK = 10  # a window with no week in it has four or five
 
 
-@unittest.skipUnless(all(shutil.which(tool) for tool in TOOLS), "no virtual display here")
-class DisplayTest(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        readable, writable = os.pipe()
-        server = self.start("Xvfb", "-displayfd", str(writable), "-screen", "0", "1600x1000x24", "-nolisten", "tcp", "-noreset",
-                            pass_fds=[writable])
-        os.close(writable)
-        with os.fdopen(readable) as pipe:
-            number = pipe.readline().strip()
-        self.assertTrue(number, server.poll())
-        self.environment.update(DISPLAY=":" + number, QT_QPA_PLATFORM="xcb")
-        self.start("openbox", "--sm-disable")
-        wait_for(lambda: "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
-
-    def start(self, *command, **options):
-        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options)
-        self.addCleanup(process.wait)
-        self.addCleanup(process.terminate)
-        return process
-
-    def ask(self, *command):
-        return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              text=True, check=False).stdout
-
+@unittest.skipUnless(has_tools(), "no virtual display here")
+class DisplayTest(DisplayedTest):
     def window_of(self, tarvel):
         """The id of its visible window, or nothing."""
-        return self.ask("xdotool", "search", "--onlyvisible", "--pid", str(tarvel.process.pid)).split()[:1]
+        return self.windows_of(tarvel)[:1]
 
     def close_by_key(self, window, tarvel):
         """Presses the window manager's key for closing a window, which it may not heed yet; true once that has ended

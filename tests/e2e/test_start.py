@@ -2,11 +2,13 @@
 
 import collections
 import json
+import subprocess
 import unittest
 
 from programs import ProgramTest, isolate_network, wait_for, weeks_of
 
 RINK = 11
+OWN_NETWORK = isolate_network()
 
 
 class StartTest(ProgramTest):
@@ -46,7 +48,18 @@ class StartTest(ProgramTest):
         self.assertEqual({name for name in names if "_week-" in name},
                          {f"{venue}_week-{sunday}.b1" for sunday in weeks_of(rink)})
 
+    @unittest.skipUnless(OWN_NETWORK, "the system gives no network of the test's own")
+    def test_a_refresh_that_found_no_connection_is_tried_again_when_the_network_is_back(self):
+        self.demo.destroy()
+        tarvel = self.start_tarvel()
+        tarvel.wait_for_line("next master refresh in 10:00")
+        self.start_demo()
+        subprocess.run(["ip", "route", "add", "default", "dev", "lo"], check=True)
+        self.addCleanup(subprocess.run, ["ip", "route", "delete", "default"], check=True)
+        tarvel.wait_for_line("the network is back")
+        tarvel.wait_for_line("received root file")
+        self.quit(tarvel)
+
 
 if __name__ == "__main__":
-    isolate_network()
     unittest.main()

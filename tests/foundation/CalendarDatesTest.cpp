@@ -90,6 +90,11 @@ TEST(CalendarDates, SenselessDatesStayWithinTheTables) {
       EXPECT_FALSE(fullDateText(date).empty());
     }
   }
+  const PackedDate last = d(65535, 12, 31);
+  for (const PackedDate date : {last, PackedDate{0xFFFFFFFF}}) {
+    for (const PackedDate beyond : {nextDay(date), addMonths(date, 1)}) EXPECT_EQ(beyond, last);
+    EXPECT_EQ(firstOfNextMonth(date), last);
+  }
   EXPECT_EQ(monthName(13), "");
   EXPECT_EQ(weekdayName(7), "");
 }

@@ -8,6 +8,7 @@
 #include <tuple>
 
 #include "foundation/DataDecoder.h"
+#include "foundation/DecodeError.h"
 
 namespace tarvel {
 namespace {
@@ -59,6 +60,11 @@ TEST(DataEncoder, FixedForms) {
   EXPECT_EQ(hex(encoder.data()),
             "01 00 FE FF CD AB FD FD 00 00 00 00 00 00 F8 BF 00 00 00 3F "
             "00 01 03 68 C3 A9 01 02 AA BB AA BB");
+  EXPECT_TRUE(encoder.equals(encoder.data()));
+  EXPECT_FALSE(encoder.equals(block));
+  DataDecoder floats(Bytes{0, 0, 0, 0x3F, 0, 0, 0xC0});
+  EXPECT_EQ(floats.getFloat(), 0.5F);
+  EXPECT_THROW(floats.getFloat(), DecodeError);
 }
 
 TEST(DataEncoder, FirstAllocation) {

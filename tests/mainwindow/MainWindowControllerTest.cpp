@@ -15,7 +15,7 @@ TEST_F(MainWindowControllerTest, aFirstStartTellsWhatGoesOnAndThenShowsAllRinks)
   world.refresher.secondsToNext = 540.0;
   open();
   RinkSidebar& sidebar = controller->rinkSidebar();
-  EXPECT_EQ(sidebar.emptyListMessage(),
+  EXPECT_EQ(sidebar.emptyList().message(),
             "Unable to contact server\nhttp://rinks.test\n\nNext try in 9 minutes");
   QTest::mouseClick(&sidebar.refreshStatus().button(), Qt::LeftButton);
   ASSERT_NE(controller->popovers().controller(), nullptr);
@@ -23,10 +23,14 @@ TEST_F(MainWindowControllerTest, aFirstStartTellsWhatGoesOnAndThenShowsAllRinks)
   controller->popovers().controller()->refreshNowButton().click();
   EXPECT_EQ(world.refresher.refreshes, 1);
   pass(2.0);
+  sidebar.emptyList().tryNowButton().click();
+  EXPECT_EQ(world.refresher.refreshes, 2);
+  sidebar.emptyList().serverAddressButton().click();
+  EXPECT_EQ(world.application.serverAddressWindows, 1);
   for (int id = 1; id <= 30; ++id) world.addRink(id, "Rink");
   settle();
   settle();
-  EXPECT_EQ(sidebar.emptyListMessage(), "");
+  EXPECT_FALSE(sidebar.emptyList().isVisible());
   EXPECT_EQ(controller->window()->focusWidget(), &sidebar.rinkListView());
   EXPECT_EQ(sidebar.rinkListView().height(), 30 * 76) << "all of them can be reached";
 }

@@ -98,6 +98,25 @@ class PhotosControllerTest : public testing::Test, protected PhotosHost {
   PhotosController photos{world.context, *this, &window};
 };
 
+TEST_F(PhotosControllerTest, aScreenReaderFindsAlbumsAndPhotosAndOpensThem) {
+  publish(3, {{5, {1, 2}}, {9, {3}}});
+  const auto first = [](const AccessibleView& view) { return view.accessibleTree().children.at(0); };
+  EXPECT_EQ(gallery().accessibleTree().children.size(), 2U);
+  EXPECT_EQ(first(gallery()).name, "Album 5, 2");
+  gallery().focusAccessible("1");
+  EXPECT_EQ(gallery().accessibleFocus(), "1");
+  gallery().pressAccessible("7");
+  EXPECT_EQ(photos.photoViewOption(), PhotoViewOption::gallery) << "no such album";
+  gallery().pressAccessible("0");
+  settle();
+  EXPECT_EQ(first(album()).name, "Photo 1");
+  album().pressAccessible("1");
+  settle();
+  EXPECT_EQ(first(page()).name, "Photo 2");
+  page().pressAccessible(first(page()).id);
+  EXPECT_EQ(photos.photoViewOption(), PhotoViewOption::album);
+}
+
 TEST_F(PhotosControllerTest, TheWayFromTheGalleryToAPhotoAndBack) {
   publish(4, {{1, {4, 77, 2, 3}}, {9, {}}});
   EXPECT_EQ(texts(), "Gallery|2 Albums");

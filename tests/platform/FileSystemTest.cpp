@@ -110,6 +110,9 @@ TEST(PosixFileSystem, FollowsLinksOnlyToRead) {
   EXPECT_EQ(*disk.read(link + "/f"), bytesOf("kept"));
   EXPECT_EQ(disk.info(link)->kind, FileKind::folder);
   EXPECT_EQ(disk.list(temp.path() + "/link")->front().kind, FileKind::other);
+  const Path linkToFile = temp.path() + "/link/to-file";
+  ASSERT_EQ(::symlink((keep + "/f").c_str(), linkToFile.c_str()), 0);
+  EXPECT_FALSE(disk.write(linkToFile, bytesOf("lost")));
   ASSERT_TRUE(disk.remove(temp.path() + "/link"));
   EXPECT_EQ(*disk.read(keep + "/f"), bytesOf("kept"));
 }
@@ -119,6 +122,7 @@ TEST(PosixFileSystem, RefusesAPipeAndAFullDisk) {
   PosixFileSystem disk;
   ASSERT_EQ(::mkfifo((temp.path() + "/pipe").c_str(), 0600), 0);
   EXPECT_FALSE(disk.read(temp.path() + "/pipe"));
+  EXPECT_FALSE(disk.write(temp.path() + "/pipe", bytesOf("x")));
   if (disk.info("/dev/full")) {
     EXPECT_EQ(disk.write("/dev/full", bytesOf("x")).error().description, "No space left on device");
   }

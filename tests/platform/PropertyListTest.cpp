@@ -67,6 +67,8 @@ TEST(PropertyList, DatesLoseTheirFractionAndStayWithinTheCalendar) {
                                              {std::nan(""), 0.0}};
   for (const auto& [written, read] : cases)
     EXPECT_EQ(*PropertyList::parse(*PropertyList(Instant{written}).xml())->date(), Instant{read}) << written;
+  // A damaged file's date before year 1.
+  EXPECT_EQ(parsed("<date>0000-01-01T00:00:00Z</date>"), PropertyList(Instant{-63'113'904'000.0}));
 }
 
 TEST(PropertyList, RefusesWhatIsNone) {

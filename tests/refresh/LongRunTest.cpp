@@ -70,6 +70,41 @@ TEST_F(LongRunTest, AWallClockSetBackOrForthDelaysAndDoublesNothing) {
   }
 }
 
+TEST_F(LongRunTest, WeeksThatAClockAheadHasTakenComeBackWithIt) {
+  startWithCatalogue();
+  RinkData& rink = show(7);
+  for (const bool newsAfterwards : {false, true}) {
+    SCOPED_TRACE(newsAfterwards);
+    sim.world.stepWall(60 * kDay);
+    engine->clock.tick();
+    sim.world.runFor(0);
+    site.rinks[0].mainDate.publishAnew();
+    refresh(rink);
+    EXPECT_FALSE(rink.venues[0]->weeklySchedule(kThisWeek)) << "it is over";
+    sim.world.stepWall(-60 * kDay);
+    engine->clock.tick();
+    sim.world.runFor(0);
+    if (newsAfterwards) site.rinks[0].mainDate.publishAnew();
+    refresh(rink);
+    EXPECT_EQ(rink.firstWeek, kLastWeek);
+    ASSERT_TRUE(rink.venues[0]->weeklySchedule(kThisWeek));
+    EXPECT_TRUE(rink.venues[0]->weeklySchedule(kThisWeek)->items());
+  }
+}
+
+TEST_F(LongRunTest, AWeekThatWasListedBeforeTheRangeReachedItIsOfferedAfterwards) {
+  startWithCatalogue();
+  site.rinks[0].lastWeek = kNextWeek;
+  site.rinks[0].mainDate.publishAnew();
+  RinkData& rink = show(7);
+  refresh(rink);
+  EXPECT_FALSE(rink.venues[0]->weeklySchedule(kLaterWeek));
+  site.rinks[0].lastWeek = kLaterWeek;
+  site.rinks[0].mainDate.publishAnew();
+  refresh(rink);
+  EXPECT_TRUE(rink.venues[0]->weeklySchedule(kLaterWeek));
+}
+
 TEST_F(LongRunTest, ASleepIsMadeUpByOneRefreshEach) {
   startWithCatalogue();
   show(7);

@@ -14,7 +14,7 @@ using test::item;
 
 constexpr PackedDate kWednesday = packedDate(2026, 3, 18);
 
-DailyLayout layoutOf(Size frame, std::int64_t venues, DailyTextWidths widest = {},
+DailyLayout layoutOf(Size frame, std::int64_t venues, ItemTextWidths widest = {},
                      Medium medium = Medium::screen) {
   return DailyLayout({{frame, VerticalFit::fit, medium}, kWednesday, venues, widest});
 }
@@ -25,7 +25,7 @@ TEST(DailyLayout, columnsFollowTheWidthAndGiveUpPartsFromTheRight) {
     double width;
     std::int64_t venues;
     Medium medium;
-    DailyTextWidths widest;
+    ItemTextWidths widest;
     double labels, column, times, duration;
   };
   const Case cases[] = {{549.0, 1, Medium::screen, {}, 35.0, 490.0, 50.0, 40.0},

@@ -56,8 +56,10 @@ class RecordingApplication : public ApplicationProtocol {
   void removeWindowController(WindowController& controller, SaveFrame saveFrame) override {
     removed.emplace_back(&controller, saveFrame);
   }
+  void tarvelURLWindow() override { ++serverAddressWindows; }
 
   int changes = 0;
+  int serverAddressWindows = 0;
   std::vector<std::pair<WindowController*, SaveFrame>> removed;
 };
 

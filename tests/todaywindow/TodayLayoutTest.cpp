@@ -42,7 +42,7 @@ struct Shape {
   Size frame;
   VerticalFit fit;
   double factor;
-  TodayTextWidths widest;
+  ItemTextWidths widest;
   double pointsPerMinute, viewHeight, timeCol, durationCol, descrCol;
   std::int64_t step;
 };
@@ -107,9 +107,10 @@ TEST(TodayLayout, OfOverlappingSessionsTheLaterInTheListIsOn) {
 /// What the window's band holds must neither overlap nor leave the window, however small or large it is.
 TEST(TodayWindowLayout, PartsStandApartInTheBand) {
   for (const Size window : {Size{620, 420}, {1280, 720}, {1080, 1920}, {3840, 2160}, {7680, 1000}}) {
-    for (const bool logo : {false, true}) {
+    for (const Size logo : {Size{}, {40, 60}, {600, 600}, {4000, 300}}) {
       const auto layout = TodayWindowLayout::of({window, logo, true});
-      double right = 0.0;
+      EXPECT_LE(layout.logo.width, logo.width) << "a logo stands at the margin, without room around it";
+      double right = TodayLayout::kBarX;
       for (const Rect& part : {layout.logo, layout.info, layout.time, layout.refreshButton, layout.gearButton,
                                layout.closeButton}) {
         if (part == Rect{}) continue;
@@ -119,7 +120,7 @@ TEST(TodayWindowLayout, PartsStandApartInTheBand) {
         EXPECT_LE(part.maxY(), layout.bandHeight);
         right = part.maxX();
       }
-      EXPECT_LE(right, window.width);
+      EXPECT_EQ(right, window.width - TodayLayout::kRightMargin) << "flush with the bars";
       EXPECT_LE(layout.date.maxY(), layout.bandHeight);
       EXPECT_EQ(layout.schedule.maxY(), window.height);
     }

@@ -3,6 +3,7 @@
 #include <QPaintEvent>
 #include <QScrollBar>
 #include <QVariantAnimation>
+#include <set>
 #include <tuple>
 
 #include "TodayFixture.h"
@@ -43,6 +44,21 @@ TEST_F(TodayScheduleViewTest, PaintsBarsAndFramesTheSessionThatIsOn) {
   jumpTo(900);
   EXPECT_EQ(view.currentSession()->kind, SessionKind::publicSession) << "the last one found stays";
   expectColor(picture(), x, y(view, 600) - 2, color(kTodayBackground, Appearance::light));
+}
+
+TEST_F(TodayScheduleViewTest, NoLetterIsCutByALowBar) {
+  TodayScheduleView& view = show({{"scheduleFontSizeFit", 36.0}});
+  const QImage shown = picture();
+  const auto isPlain = [&](int row) {
+    std::set<QRgb> colors;
+    for (int x = 320; x < 800; ++x) colors.insert(shown.pixel(x, row));
+    return colors.size() == 1;
+  };
+  const int top = y(view, 735);
+  const int bottom = y(view, 780);
+  EXPECT_TRUE(isPlain(top + 2) && isPlain(bottom - 1)) << "also of the letters that reach below the line";
+  EXPECT_FALSE(isPlain((top + bottom) / 2)) << "smaller, but written";
+  EXPECT_TRUE(isPlain((y(view, 720) + top) / 2)) << "a bar too low for any letter";
 }
 
 TEST_F(TodayScheduleViewTest, AMinuteRepaintsTheMarkersStripAlone) {

@@ -133,8 +133,15 @@ TEST_F(TodayWindowControllerTest, SettingsComeBackAndStrangeOnesDont) {
   expected["scheduleFontSizeFit"] = 0.0;
   expected["scheduleFontSizeScroll"] = 36.0;
   EXPECT_EQ(controller->windowSettings(), expected);
-  controller->restoreSettings({{"rinkID", 77}}, FromAnotherDocument::no);
+  controller->restoreSettings({{"rinkID", 77}, {"venueID", 5}}, FromAnotherDocument::no);
   EXPECT_EQ(controller->chosenRink(), nullptr);
+  expected["rinkID"] = 77;
+  expected["venueID"] = 5;
+  EXPECT_EQ(controller->windowSettings(), expected) << "the catalogue was lost: its rink is waited for";
+  world.addRink(77, "Late");
+  settle();
+  ASSERT_NE(controller->chosenRink(), nullptr);
+  EXPECT_EQ(controller->chosenRink()->rinkID, 77);
 
   const auto fresh = TodayWindowController::create(context);
   fresh->defaultSettings();
@@ -147,6 +154,9 @@ TEST_F(TodayWindowControllerTest, FollowsItsRinkAndOutlivesIt) {
   const auto controller = open();
   const InfoView& info = controller->views().infoView();
   EXPECT_EQ(info.text()->plainText(), "North\nNear Schedule");
+  controller->views().setNames("The Memorial Ice Pavilion of the Northern Lakes", "Near Schedule");
+  EXPECT_LE(boundingRect(*info.text(), {}, TextFit::wrap).width, info.width() - 2 * InfoView::kSideMargin)
+      << "a long name is smaller and leaves the second line its room";
   rink->mergeVenues({test::ScheduleWorld::venue(7, "Far", 2)});
   rink->postNotification(kVenuesChanged);
   settle();
@@ -165,6 +175,7 @@ TEST_F(TodayWindowControllerTest, FollowsItsRinkAndOutlivesIt) {
   EXPECT_EQ(controller->chosenRink(), nullptr);
   EXPECT_EQ(controller->views().timeField().text(), "");
   EXPECT_TRUE(controller->todayScheduleView().scheduleItems().empty());
+  EXPECT_TRUE(controller->todayScheduleView().timeMarkerView()->isHidden()) << "no rink, no time";
   EXPECT_TRUE(controller->windowShouldClose()) << "the popover went with the rink";
   EXPECT_TRUE(controller->window()->isVisible());
 }

@@ -110,7 +110,8 @@ Result<Bytes> PosixFileSystem::read(const Path& path) {
 }
 
 Status PosixFileSystem::write(const Path& path, ByteView content) {
-  FileDescriptor file = open(path, O_WRONLY | O_CREAT | O_TRUNC, kNewFileMode);
+  // A link may lead out of the folder that the caller means, and a pipe that nobody reads would hang.
+  FileDescriptor file = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK, kNewFileMode);
   if (!file.valid()) return lastError();
   while (!content.empty()) {
     const ssize_t count =

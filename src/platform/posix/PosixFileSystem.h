@@ -8,6 +8,7 @@ class PosixFileSystem : public FileSystem {
  public:
   /// Refuses whatever is not a regular file.
   Result<Bytes> read(const Path& path) override;
+  /// Fails where a link or a pipe stands at the path.
   Status write(const Path& path, ByteView content) override;
   std::optional<FileInfo> info(const Path& path) override;
   /// The date first, the permissions last.

@@ -10,8 +10,8 @@
 namespace tarvel {
 namespace {
 
-/// From the program's folder.
-const QString kModule = QStringLiteral("/../lib/tarvel/tarvel-sound.so");
+/// From the program's folder; the same where it is built and where it is installed.
+constexpr char kModule[] = "/" TARVEL_MODULE_FOLDER "/tarvel-sound.so";
 
 }  // namespace
 

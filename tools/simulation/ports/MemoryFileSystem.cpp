@@ -22,7 +22,6 @@ MemoryFileSystem::MemoryFileSystem(const Clock& clock) : clock_(clock), root_(st
 }
 
 std::optional<Error> MemoryFileSystem::begin(Operation operation, const Path& path) {
-  log_.push_back({operation, path});
   std::optional<Error> error;
   for (Failure& failure : failures_) {
     const auto kind = failure.filter.operation;
@@ -35,7 +34,7 @@ std::optional<Error> MemoryFileSystem::begin(Operation operation, const Path& pa
   if (!error && readOnly_ && changesDisk(operation) && operation != Operation::sync) {
     error = errorOf(std::errc::read_only_file_system);
   }
-  log_.back().failed = error.has_value();
+  if (logging_) log_.push_back({operation, path, error.has_value()});
   return error;
 }
 
@@ -68,7 +67,18 @@ void MemoryFileSystem::change(Node& folder, EntryChange entryChange) {
 
 void MemoryFileSystem::fill(Node& file, ByteView content) {
   file.data.content.assign(content.begin(), content.end());
-  file.data.modificationTime = fileTimeOf(clock_.now());
+  file.data.modificationTime = kept(fileTimeOf(clock_.now()));
+}
+
+FileTime MemoryFileSystem::kept(FileTime time) const {
+  if (dateGranularity_ == 0) return time;
+  const std::int64_t beyond = (time.seconds % dateGranularity_ + dateGranularity_) % dateGranularity_;
+  return {time.seconds - beyond, 0};
+}
+
+const Bytes* MemoryFileSystem::peek(const Path& path) const {
+  const NodePtr file = find(path);
+  return file && file->kind == FileKind::file ? &file->data.content : nullptr;
 }
 
 Result<Bytes> MemoryFileSystem::read(const Path& path) {
@@ -111,7 +121,8 @@ Status MemoryFileSystem::setAttributes(const Path& path, const FileAttributes& a
   if (const auto error = begin(Operation::setAttributes, path)) return *error;
   const NodePtr node = find(path);
   if (!node) return errorOf(std::errc::no_such_file_or_directory);
-  if (attributes.modificationDate) node->data.modificationTime = fileTimeOf(*attributes.modificationDate);
+  if (attributes.modificationDate)
+    node->data.modificationTime = kept(fileTimeOf(*attributes.modificationDate));
   if (attributes.permissions) node->data.permissions = *attributes.permissions;
   return Done{};
 }

@@ -57,6 +57,8 @@ class MemoryFileSystem : public FileSystem {
                      std::string description = "I/O error");
   void clearFailures() { failures_.clear(); }
   void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
+  /// Whole seconds to which the disk keeps dates, downwards; 0 for the nanoseconds that it keeps by default.
+  void setDateGranularity(std::int64_t seconds) { dateGranularity_ = seconds; }
   /// Bytes of file content that the disk holds in all. A write beyond it fails with what fits left behind.
   void setCapacity(std::optional<std::int64_t> bytes) { capacity_ = bytes; }
 
@@ -69,7 +71,11 @@ class MemoryFileSystem : public FileSystem {
 
   /// All files and folders but the root.
   std::map<Path, FileState> snapshot() const;
+  /// A file's content as programs see it, with no regard to failures; null if there is no such file.
+  const Bytes* peek(const Path& path) const;
   const std::vector<LoggedOperation>& log() const { return log_; }
+  /// For long runs, which would fill the memory with it.
+  void stopLogging() { logging_ = false; }
   void clearLog() { log_.clear(); }
 
  private:
@@ -109,6 +115,7 @@ class MemoryFileSystem : public FileSystem {
   static void change(Node& folder, EntryChange entryChange);
   static void apply(Entries& entries, const EntryChange& entryChange);
   void fill(Node& file, ByteView content);
+  FileTime kept(FileTime time) const;
   static void syncNode(Node& node);
   std::int64_t usedBytes() const;
   void crashNode(Node& node, SeededRandom* random);
@@ -119,7 +126,9 @@ class MemoryFileSystem : public FileSystem {
   NodePtr root_;
   std::vector<Failure> failures_;
   std::vector<LoggedOperation> log_;
+  bool logging_ = true;
   bool readOnly_ = false;
+  std::int64_t dateGranularity_ = 0;
   std::optional<std::int64_t> capacity_;
 };
 

@@ -176,6 +176,15 @@ bool SimWorld::runUntil(const std::function<bool()>& condition, double maxSecond
   }
 }
 
+void SimWorld::dropTasks() {
+  // What goes with a task may post another.
+  SimRunLoop& loop = mainLoop();
+  while (loop.queuedTasks() > 0) {
+    const auto posted = std::exchange(loop.posted_, {});
+    const auto idle = std::exchange(loop.idle_, {});
+  }
+}
+
 std::size_t SimWorld::pendingTimers() const {
   std::size_t count = 0;
   for (const auto& loop : loops_) count += loop->pendingTimers();

@@ -90,6 +90,9 @@ class SimWorld : public Threads {
   /// Both clocks go on and nothing runs. What fell due fires at the next run.
   void sleepMachine(double seconds) { advance(seconds); }
 
+  /// The program ends: what its main loop still had to do is dropped. Timers go with those who hold them.
+  void dropTasks();
+
   std::uint64_t tasksRun() const { return tasksRun_; }
   std::size_t pendingTimers() const;
 
