@@ -26,7 +26,7 @@ TARVEL = os.environ["TARVEL"]
 TARVEL_DEMO = os.environ["TARVEL_DEMO"]
 SERVER_URL = os.environ["TARVEL_SERVER_URL"]
 
-PATIENCE = 30.0  # seconds for anything that has to happen
+PATIENCE = 60.0  # seconds for anything that has to happen
 
 CLONE_NEWUSER = 0x10000000
 CLONE_NEWNET = 0x40000000

@@ -15,6 +15,8 @@ namespace {
 
 using nlohmann::json;
 
+constexpr time_t kPatience = 120;  // seconds; publishing takes long on a machine that is busy
+
 /// The demo, published on a disk in memory and served on a free port; one for all tests here, as drawing its
 /// pictures takes a while. Each test leaves no rules behind.
 struct Demo {
@@ -49,6 +51,7 @@ class DemoServerTest : public testing::Test {
 
   httplib::Result get(const std::string& path) {
     httplib::Client client("127.0.0.1", demo_->port);
+    client.set_read_timeout(kPatience);
     return client.Get(path);
   }
   int statusOf(const std::string& path) {
@@ -59,7 +62,10 @@ class DemoServerTest : public testing::Test {
     const auto reply = get(path);
     return reply ? Bytes(reply->body.begin(), reply->body.end()) : Bytes();
   }
-  json control(const std::string& query) { return json::parse(get("/control?" + query)->body); }
+  json control(const std::string& query) {
+    const auto reply = get("/control?" + query);
+    return reply ? json::parse(reply->body) : json();
+  }
   void fault(const std::string& rule) { demo_->faults.add(*parseFaultRule(rule)); }
 
   static std::unique_ptr<Demo> demo_;

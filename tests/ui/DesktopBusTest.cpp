@@ -6,9 +6,11 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <map>
 
 #include "LoopSupport.h"
 #include "platform/qt/QtWorkspace.h"
+#include "ui/Fonts.h"
 #include "ui/NamedColors.h"
 #include "ui/SystemAppearance.h"
 
@@ -46,23 +48,23 @@ class Portal final : public QDBusVirtualObject {
   QString introspect(const QString&) const override { return {}; }
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
     if (message.interface() != kSettings || message.member() != "Read") return false;
-    const QVariant value = message.arguments().at(1) == "color-scheme" ? QVariant(scheme) : accent;
-    const QDBusVariant wrapped(QVariant::fromValue(QDBusVariant(value)));
+    const auto value = settings.find(message.arguments().at(1).toString());
+    if (value == settings.end()) return false;
+    const QDBusVariant wrapped(QVariant::fromValue(QDBusVariant(value->second)));
     return QDBusConnection(connection).send(message.createReply(QVariant::fromValue(wrapped)));
   }
-  static void announce(const QString& key, const QVariant& value) {
+  static void announce(const QString& key, const QVariant& value, const QString& group = kGroup) {
     QDBusMessage signal = QDBusMessage::createSignal(kPortalObject, kSettings, "SettingChanged");
-    signal << kGroup << key << QVariant::fromValue(QDBusVariant(value));
+    signal << group << key << QVariant::fromValue(QDBusVariant(value));
     desktopBus().send(signal);
   }
 
-  uint scheme = 1;
-  QVariant accent = accentValue(-1.0, -1.0, -1.0);
+  std::map<QString, QVariant> settings{{"color-scheme", 1u}, {"accent-color", accentValue(-1.0, -1.0, -1.0)}};
 };
 
 TEST(DesktopBus, TheAppearanceIsThePortalsAndFollowsIt) {
   Portal portal;
-  portal.accent = accentValue(0.48, 0.24, 0.69);
+  portal.settings["accent-color"] = accentValue(0.48, 0.24, 0.69);
   const SystemAppearance appearance;
   EXPECT_EQ(appearance.current(), Appearance::light);
   const auto accent = [&] { return color(kSelectedContentBackground, Appearance::light).name(); };
@@ -71,6 +73,17 @@ TEST(DesktopBus, TheAppearanceIsThePortalsAndFollowsIt) {
   test::runUntil([&] { return appearance.current() == Appearance::light; });
   Portal::announce("accent-color", accentValue(-1.0, -1.0, -1.0));
   test::runUntil([&] { return accent() != "#7a3db0"; });
+}
+
+TEST(DesktopBus, ContrastAndTextSizeAreThePortalsAndFollowIt) {
+  Portal portal;
+  portal.settings["contrast"] = 1u;
+  portal.settings["text-scaling-factor"] = 1.5;
+  const SystemAppearance appearance;
+  test::runUntil([] { return contrast() == Contrast::high && textScale() == 1.5; });
+  Portal::announce("contrast", 0u);
+  Portal::announce("text-scaling-factor", 1.0, "org.gnome.desktop.interface");
+  test::runUntil([] { return contrast() == Contrast::standard && textScale() == 1.0; });
 }
 
 TEST(DesktopBus, AWakeIsTheLoginManagersSignal) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace tarvel {
 namespace {
 
@@ -20,23 +22,40 @@ TEST(NamedColorsDeathTest, AMissingNameStopsTheProgram) {
 }
 
 TEST(NamedColors, TextsAndSymbolsStandOutFromEverySurface) {
-  for (const Appearance appearance : kBoth) {
-    for (const NamedColor surface :
-         {kScheduleBackground, kTodayBackground, kContentBackground, kContentBackground2}) {
-      const QColor below = color(surface, appearance);
-      const auto contrast = [&](NamedColor name) { return contrastRatio(color(name, appearance), below); };
-      for (const NamedColor text :
-           {kLabel, kSecondaryLabel, kTertiaryLabel, kSystemRed, kSystemGreen, kControlAccent}) {
-        EXPECT_GE(contrast(text), kReadable) << text.name << " on " << surface.name << int(appearance);
+  struct Limits {
+    Contrast contrast;
+    double text;
+    double symbol;
+  };
+  for (const auto& [wanted, readable, visible] :
+       {Limits{Contrast::standard, kReadable, kVisible}, Limits{Contrast::high, 7.0, 4.5}}) {
+    setContrast(wanted);
+    for (const Appearance appearance : kBoth) {
+      const auto of = [&](NamedColor name) { return color(name, appearance); };
+      const std::string where =
+          (appearance == Appearance::dark ? " dark " : " light ") + std::to_string(readable);
+      for (const NamedColor surface :
+           {kScheduleBackground, kTodayBackground, kContentBackground, kContentBackground2}) {
+        const auto contrast = [&](NamedColor name) { return contrastRatio(of(name), of(surface)); };
+        for (const NamedColor text :
+             {kLabel, kSecondaryLabel, kTertiaryLabel, kSystemRed, kSystemGreen, kControlAccent}) {
+          EXPECT_GE(contrast(text), readable) << text.name << " on " << surface.name << where;
+        }
+        for (const NamedColor symbol : {kSystemYellow, kKeyboardFocusIndicator}) {
+          EXPECT_GE(contrast(symbol), visible) << symbol.name << " on " << surface.name << where;
+        }
+        if (wanted == Contrast::standard) continue;
+        for (const NamedColor line :
+             {kContentBorder, kGrid, kScheduleGrid, kScheduleColumns, kControlAccent}) {
+          EXPECT_GE(contrast(line), visible) << line.name << " on " << surface.name << where;
+        }
       }
-      for (const NamedColor symbol : {kSystemYellow, kKeyboardFocusIndicator}) {
-        EXPECT_GE(contrast(symbol), kVisible) << symbol.name << " on " << surface.name << int(appearance);
-      }
+      EXPECT_GE(contrastRatio(of(kSelectedContentBackground), Qt::white), readable) << where;
+      for (const NamedColor fill : {kInactiveSelectedContentFill, kControlTrack, kControlSurface})
+        EXPECT_GE(contrastRatio(of(kLabel), of(fill)), readable) << fill.name << where;
     }
-    EXPECT_GE(contrastRatio(color(kSelectedContentBackground, appearance), Qt::white), kReadable);
-    EXPECT_GE(contrastRatio(color(kLabel, appearance), color(kInactiveSelectedContentFill, appearance)),
-              kReadable);
   }
+  setContrast(Contrast::standard);
 }
 
 TEST(NamedColors, TheDesktopsAccentCountsWhereWhiteTextIsReadableOnIt) {
@@ -49,6 +68,9 @@ TEST(NamedColors, TheDesktopsAccentCountsWhereWhiteTextIsReadableOnIt) {
   EXPECT_EQ(color(kControlAccent, Appearance::light), purple);
   EXPECT_GT(color(kControlAccent, Appearance::dark).lightness(), purple.lightness());
   EXPECT_NE(color(kLabel, Appearance::light), purple);
+  setContrast(Contrast::high);
+  EXPECT_NE(color(kSelectedContentBackground, Appearance::light), purple);
+  setContrast(Contrast::standard);
   setDesktopAccent(std::nullopt);
   EXPECT_EQ(color(kSelectedContentBackground, Appearance::light), ours);
 }

@@ -4,10 +4,14 @@
 
 #include <QApplication>
 #include <QDBusVariant>
+#include <QImage>
+#include <QPainter>
 #include <QPalette>
+#include <cmath>
 
 #include <QFontMetricsF>
 
+#include "ui/AttributedText.h"
 #include "ui/Fonts.h"
 #include "ui/NamedColors.h"
 #include "ui/Window.h"
@@ -47,7 +51,7 @@ TEST_F(SystemAppearanceTest, FollowsThePortal) {
   EXPECT_EQ(windowColorAtChange_, color(kContentBackground, Appearance::dark));
   portalSays(1);
   portalSays(2, "org.gnome.desktop.interface");
-  portalSays(2, kGroup, "contrast");
+  portalSays(2, kGroup, "reduced-motion");
   EXPECT_EQ(changes_, 1);
   portalSays(2);
   EXPECT_EQ(system_.current(), Appearance::light);
@@ -55,6 +59,56 @@ TEST_F(SystemAppearanceTest, FollowsThePortal) {
   portalSays(0);  // no preference: what the palette looked like
   EXPECT_EQ(system_.current(), Appearance::light);
   EXPECT_EQ(changes_, 4);
+}
+
+TEST_F(SystemAppearanceTest, FollowsTheDesktopsContrast) {
+  Window window;
+  window.setChosenAppearance(Appearance::dark);
+  AttributedText text("two ", {});
+  text.append("looks", {13.0, FontWeight::regular, kSystemRed});
+  const auto picture = [&] {
+    QImage image(100, 20, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    draw(painter, {0, 0, 100, 20}, text, TextFit::wrap, Appearance::dark);
+    return image;
+  };
+  const QImage usual = picture();
+  portalSays(1, kGroup, "contrast");
+  EXPECT_EQ(changes_, 1);
+  EXPECT_EQ(QApplication::palette().color(QPalette::WindowText), QColor(Qt::black));
+  EXPECT_EQ(window.palette().color(QPalette::WindowText), QColor(Qt::white));
+  EXPECT_NE(picture(), usual);
+  portalSays(1, kGroup, "contrast");
+  EXPECT_EQ(changes_, 1);
+  portalSays(0, kGroup, "contrast");
+  EXPECT_EQ(picture(), usual);
+}
+
+TEST_F(SystemAppearanceTest, FollowsTheDesktopsTextSize) {
+  QWidget inherits;
+  QWidget hasItsOwn;
+  hasItsOwn.setFont(systemFont(11.0));
+  const int inherited = inherits.font().pixelSize();
+  const Size measured = boundingRect(AttributedText("Text", {10.0}), {}, TextFit::wrap);
+  struct Case {
+    QVariant value;
+    double scale;
+  };
+  // One after the other: each leaves the size of the one before behind.
+  for (const auto& [value, scale] :
+       {Case{1.25, 1.25}, Case{1.5, 1.5}, Case{2.0, 2.0}, Case{1.1, 1.1}, Case{5.0, 2.0}, Case{0.5, 1.0},
+        Case{qQNaN(), 1.0}, Case{"large", 1.0}}) {
+    system_.portalSettingChanged("org.gnome.desktop.interface", "text-scaling-factor", QDBusVariant(value));
+    EXPECT_EQ(textScale(), scale);
+    EXPECT_EQ(systemFont(20.0).pixelSize(), std::lround(20.0 * scale));
+    EXPECT_EQ(hasItsOwn.font().pixelSize(), std::lround(11.0 * scale));
+    if (inherited > 0) EXPECT_EQ(inherits.font().pixelSize(), std::lround(inherited * scale));
+    EXPECT_NEAR(boundingRect(AttributedText("Text", {10.0}), {}, TextFit::wrap).height,
+                measured.height * scale, 2.0);
+    const FixedTextScale fixed;
+    EXPECT_EQ(boundingRect(AttributedText("Text", {10.0}), {}, TextFit::wrap), measured);
+  }
 }
 
 TEST_F(SystemAppearanceTest, AnOverrideHoldsAgainstThePortal) {

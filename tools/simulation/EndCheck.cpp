@@ -35,7 +35,8 @@ class EndCheck {
     const std::string prefix = rinkFolderName(rink.rinkID) + "/";
     const Content main = servers_.current(prefix + "main.b1");
     if (!main) return fail(prefix + " is in use and gone");
-    if (rink.refreshState.errorKind != DownloadErrorKind::noError) fail(prefix + " has an error");
+    if (rink.refreshState.errorKind != DownloadErrorKind::noError)
+      fail(prefix + " has an error: " + rink.refreshState.errorLog);
     expectDate(prefix + "main.b1", inView ? Need::always : Need::ifStored);
     const MainFile file = decodeMainFile(*main);
     if (inView && rink.venues.size() != file.venues.size()) fail(prefix + " has other venues");

@@ -1,5 +1,7 @@
 #include "simulation/SimServers.h"
 
+#include <algorithm>
+
 #include "simulation/Trace.h"
 
 namespace tarvel::sim {
@@ -60,6 +62,12 @@ void SimServers::noteAltered(const std::string& key, std::uint64_t hash, bool de
 
 bool SimServers::wasAltered(const std::string& key, std::uint64_t hash) const {
   return contains(altered_, key, hash);
+}
+
+bool SimServers::wasGivenOut(std::uint64_t hash) const {
+  const auto holds = [hash](const auto& entry) { return entry.second.contains(hash); };
+  return std::any_of(published_.begin(), published_.end(), holds) ||
+         std::any_of(altered_.begin(), altered_.end(), holds);
 }
 
 }  // namespace tarvel::sim

@@ -32,6 +32,8 @@ class SimServers {
   /// Notes a body that was damaged on its way. One that can be decoded the program may take for good.
   void noteAltered(const std::string& key, std::uint64_t hash, bool decodes);
   bool wasAltered(const std::string& key, std::uint64_t hash) const;
+  /// True of any body of any file: a damaged catalogue may have sent the program to another rink's server.
+  bool wasGivenOut(std::uint64_t hash) const;
   /// Files of which a body that can be decoded was so given out.
   const std::set<std::string>& alteredKeys() const { return alteredKeys_; }
 
