@@ -92,6 +92,21 @@ TEST_F(LongRunTest, WeeksThatAClockAheadHasTakenComeBackWithIt) {
   }
 }
 
+TEST_F(LongRunTest, AHeaderThatCouldNotBeReadOnceComesWithTheNextRefresh) {
+  startWithCatalogue();
+  show(7);
+  restart();
+  const auto rink = model().rinkData(7);
+  sim.http.fail(site.rinks[0].url("main.b1"), "Connection refused");
+  sim.disk.failOperation(1, MemoryFileSystem::Repeat::once, {MemoryFileSystem::Operation::read, "main.b1"});
+  rink->readMainFile();
+  sim.world.runFor(0);
+  EXPECT_TRUE(rink->venues.empty());
+  sim.http.forget(site.rinks[0].url("main.b1"));
+  refresh(*rink);
+  EXPECT_EQ(rink->venues.size(), 2U);
+}
+
 TEST_F(LongRunTest, AWeekThatWasListedBeforeTheRangeReachedItIsOfferedAfterwards) {
   startWithCatalogue();
   site.rinks[0].lastWeek = kNextWeek;
