@@ -113,8 +113,9 @@ void StartupNotice::announce() const {
 
 void StartupNotice::complete(const QWindow& window) const {
   qunsetenv(kTokenVariable);
+  // Another platform may offer the interface too, without a display behind it.
   const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (!x11 || startupId.isEmpty()) return;
+  if (startupId.isEmpty() || QGuiApplication::platformName() != u"xcb" || !x11) return;
   Manager manager(x11->connection());
   // A window manager that guards the keyboard goes by the time of the wish, which the toolkit doesn't know.
   if (const std::uint32_t time = timeOf(startupId)) {

@@ -32,7 +32,7 @@ CautionPopoverViewController::CautionPopoverViewController(const WindowContext& 
   messageView_->setFont(systemFont(kMessageFontSize));
   messageView_->setFrameShape(QFrame::NoFrame);
   messageView_->document()->setDocumentMargin(0.0);
-  messageView_->setFixedHeight(kMessageHeight);
+  messageView_->setFixedHeight(scaledForText(kMessageHeight));
   messageView_->setAccessibleName(QStringLiteral("Errors"));
   messagePlace().setContentsMargins(kFieldPadding, kFieldPadding, kFieldPadding, kFieldPadding);
   messagePlace().addWidget(messageView_);

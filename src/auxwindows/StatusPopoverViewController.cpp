@@ -38,7 +38,7 @@ StatusPopoverViewController::StatusPopoverViewController(const WindowContext& co
       clockTimer_(context.clockTimer),
       observerCensus_(context.observerCensus),
       className_(className) {
-  setFixedWidth(width);
+  setFixedWidth(scaledForText(width));
   nameField_ = makePlainLabel(systemFont(kNameSize, FontWeight::bold), this);
   nameField_->setWordWrap(true);
   nameRow_ = new QHBoxLayout;

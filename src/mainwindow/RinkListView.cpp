@@ -122,9 +122,11 @@ void RinkListView::drawRow(QPainter& painter, RinkInfo& rink, double y) const {
   const AttributedText name(rink.name, isSelected && onDark ? kSelectedNameAttributes : kNameAttributes);
   const double textWidth = width() - kNameX - kRightMargin;
   if (textWidth <= 0.0) return;
-  const double height = boundingRect(name, {textWidth, 0.0}, TextFit::wrap).height;
-  tarvel::draw(painter, {kNameX, y + (kRowHeight - height) * 0.5, textWidth, height}, name, TextFit::wrap,
-               appearance);
+  // A name that is too long for its row ends with an ellipsis: it must not run into the neighbours'.
+  const Size room{textWidth, kRowHeight};
+  const double height = boundingRect(name, room, TextFit::wrapAndTruncate).height;
+  tarvel::draw(painter, {kNameX, y + (kRowHeight - height) * 0.5, textWidth, height}, name,
+               TextFit::wrapAndTruncate, appearance);
 }
 
 void RinkListView::selectRink(const std::shared_ptr<RinkInfo>& rink) {

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/Fonts.h"
 
@@ -18,6 +19,7 @@ constexpr int kColumnGap = 16;
 constexpr int kTopMargin = 8;
 constexpr int kButtonGap = 4;
 constexpr int kTextSizeButtonWidth = 32;
+constexpr int kTextSizeButtonMargin = 5;
 
 }  // namespace
 
@@ -70,7 +72,9 @@ void ScheduleAdjustmentsView::setSizes() {
   for (QCheckBox* checkbox : {fitVerticallyCheckbox_, showTimesCheckbox_})
     checkbox->setFixedHeight(scaledForText(kCheckboxHeight));
   for (QPushButton* button : {smallerTextButton_, largerTextButton_})
-    button->setFixedWidth(scaledForText(kTextSizeButtonWidth));
+    button->setFixedWidth(
+        std::max(kTextSizeButtonWidth,
+                 button->fontMetrics().horizontalAdvance(button->text()) + 2 * kTextSizeButtonMargin));
   // What may be hidden leaves its room, and nothing else moves; the other check box takes the middle.
   fitVerticallyCheckbox_->setMinimumWidth(showTimesCheckbox_->sizeHint().width());
   setFixedHeight(sizeHint().height());

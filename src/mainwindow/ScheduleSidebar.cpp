@@ -10,8 +10,8 @@
 #include "mainwindow/ContentBox.h"
 #include "mainwindow/ScheduleSidebarLayout.h"
 #include "mainwindow/TextLabel.h"
-#include "ui/Fonts.h"
 #include "ui/AnalogClockFace.h"
+#include "ui/Fonts.h"
 #include "ui/SegmentedControl.h"
 
 namespace tarvel {
@@ -122,7 +122,8 @@ void ScheduleSidebar::layoutScheduleSidebar() {
   ScheduleSidebarSizes sizes;
   sizes.sidebar = asSize(size());
   sizes.logo = asSize(kLogoSize);
-  sizes.viewOptionControl = asSize(scheduleViewOptionControl_->sizeHint());
+  sizes.viewOptionControl = asSize(scheduleViewOptionControl_->sizeHint().boundedTo(
+      {width() - static_cast<int>(2 * ScheduleSidebarLayout::kLeftMargin), height()}));
   sizes.venueCount = static_cast<int>(venueButtons_->buttons().size());
   sizes.textScale = textScale();
   sizes.widestVenueButton = venueButtons_->widestButton();

@@ -125,6 +125,7 @@ void VenueButtons::placeButtons(int x, int width) {
 void VenueButtons::noteNeededWidth(const QObject* watched) {
   const auto found = std::find(buttons_.begin(), buttons_.end(), watched);
   if (found == buttons_.end()) return;
+  (*found)->setText({});  // lets go of the size it remembers
   (*found)->setText(buttonText((*found)->accessibleName()));
   neededWidths_[static_cast<std::size_t>(found - buttons_.begin())] = (*found)->sizeHint().width();
 }

@@ -46,6 +46,7 @@ void paintDailyItem(QPainter& painter, const DailyPicture& picture, const Placed
 }  // namespace
 
 ItemTextWidths measureDay(const DailyColumns& columns, const ItemStyles& styles) {
+  const FixedTextScale ownSize;
   return measureItemTexts(columns, styles.name);
 }
 

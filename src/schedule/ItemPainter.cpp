@@ -27,7 +27,6 @@ ItemStyles stylesOf(double fontSize) {
 ItemStyles ItemStyles::onScreen(double fontSize) {
   ItemStyles styles = stylesOf(fontSize);
   styles.time = {kScreenTimeFontSize, FontWeight::regular, kItemTimeColor, kCentredStyle};
-  styles.timeBand = kTimeBand * textScale();
   return styles;
 }
 
@@ -67,6 +66,7 @@ void paintNoteCorner(QPainter& painter, const Rect& rect) {
 
 void paintItemText(QPainter& painter, const Rect& rect, const AttributedText& text, double lift) {
   if (rect.empty()) return;
+  const FixedTextScale ownSize;  // which the user sets in the window
   const Size size = boundingRect(text, {rect.width, rect.height}, TextFit::wrapAndTruncate);
   const double y = rect.y + (rect.height - size.height) / 2 - lift;
   draw(painter, {rect.x, y, rect.width, size.height}, text, TextFit::wrapAndTruncate, kAnyAppearance);
@@ -74,6 +74,7 @@ void paintItemText(QPainter& painter, const Rect& rect, const AttributedText& te
 
 void paintItem(QPainter& painter, const ScheduleItem& item, const Rect& rect, const Color& sessionColor,
                const ItemStyles& styles, SessionTimes sessionTimes) {
+  const FixedTextScale ownSize;
   paintItemBlock(painter, rect, sessionColor, itemFrameColor(item.kind));
   const ItemClip clip(painter, rect);
   double height = rect.height;

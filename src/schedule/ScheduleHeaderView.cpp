@@ -90,8 +90,8 @@ void ScheduleHeaderView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const bool isWeekly = scheduleViewOption_ == ScheduleViewOption::weekly;
   const TextAttributes& attributes =
-      isWeekly && geometry.width < kNarrowBelow ? kNarrowAttributes : kAttributes;
-  Rect rect{geometry.x, kTextTop, geometry.width, scaledForText(kTextHeight)};
+      isWeekly && geometry.width < kNarrowBelow * textScale() ? kNarrowAttributes : kAttributes;
+  Rect rect{geometry.x, kTextTop, geometry.width, double(scaledForText(kTextHeight))};
   for (const std::string& title : columnTitles()) {
     const ItemClip clip(painter, rect);
     draw(painter, rect, AttributedText(title, attributes), TextFit::wrapAndTruncate, appearanceOf(this));

@@ -1,5 +1,6 @@
 #include "ui/InterfaceStyle.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
@@ -62,6 +63,8 @@ class InterfaceStyle final : public QProxyStyle {
                           const QWidget* widget) const override {
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && slider) return drawScrollBar(*slider, *painter, widget);
+    const auto* spinBox = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+    if (control == CC_SpinBox && spinBox) return drawSpinBox(*spinBox, *painter, widget);
     QProxyStyle::drawComplexControl(control, option, painter, widget);
   }
 
@@ -189,6 +192,23 @@ class InterfaceStyle final : public QProxyStyle {
     const bool focused = (option.state & State_HasFocus) && (option.state & State_Enabled);
     const QColor edge = option.palette.color(focused ? QPalette::Highlight : QPalette::Mid);
     drawBox(option.rect, option.palette.color(QPalette::Base), edge, painter);
+  }
+
+  /// A field with two arrows on its ground.
+  void drawSpinBox(const QStyleOptionSpinBox& box, QPainter& painter, const QWidget* widget) const {
+    drawField(box, painter);
+    const bool enabled = box.state & State_Enabled;
+    const auto drawArrow = [&](SubControl part, QAbstractSpinBox::StepEnabledFlag step,
+                               PrimitiveElement element) {
+      QStyleOption arrow(box);
+      arrow.rect = subControlRect(CC_SpinBox, &box, part, widget);
+      arrow.state.setFlag(State_Enabled, enabled && (box.stepEnabled & step));
+      if (box.activeSubControls == part && (box.state & State_Sunken))
+        painter.fillRect(arrow.rect.adjusted(0, 1, -1, -1), box.palette.color(QPalette::Midlight));
+      drawPrimitive(element, &arrow, &painter, widget);
+    };
+    drawArrow(SC_SpinBoxUp, QAbstractSpinBox::StepUpEnabled, PE_IndicatorArrowUp);
+    drawArrow(SC_SpinBoxDown, QAbstractSpinBox::StepDownEnabled, PE_IndicatorArrowDown);
   }
 
   static void drawFocusRing(const QStyleOption& option, QPainter& painter) {

@@ -27,14 +27,16 @@ constexpr QRgb opaque(QRgb rgb) {
 constexpr QRgb kPastBlendAlpha = 140u << 24;
 /// 0.15 of 255.
 constexpr QRgb kFaintGridAlpha = 38u << 24;
+/// 0.3 of 255: these lines run over the sessions' texts.
+constexpr QRgb kHighFaintGridAlpha = 77u << 24;
 /// 0.25 of 255: what is past stays readable.
 constexpr QRgb kHighPastBlendAlpha = 64u << 24;
 
 constexpr std::array kTable{
     Entry{kScheduleBackground, opaque(0xFFFFFF), opaque(0x1E1F22), opaque(0xFFFFFF), opaque(0x000000)},
     Entry{kScheduleGrid, opaque(0x999999), opaque(0x999999), opaque(0x555C66), opaque(0xB8BEC7)},
-    Entry{kFaintScheduleGrid, kFaintGridAlpha | 0x999999, kFaintGridAlpha | 0x999999, opaque(0xB0B6BF),
-          opaque(0x4A5059)},
+    Entry{kFaintScheduleGrid, kFaintGridAlpha | 0x999999, kFaintGridAlpha | 0x999999,
+          kHighFaintGridAlpha | 0x555C66, kHighFaintGridAlpha | 0xB8BEC7},
     Entry{kScheduleColumns, opaque(0x000000), opaque(0x000000), opaque(0x000000), opaque(0xFFFFFF)},
     Entry{kTodayBackground, opaque(0xF6F7F9), opaque(0x141517), opaque(0xFFFFFF), opaque(0x000000)},
     Entry{kPastBlend, kPastBlendAlpha | 0xFFFFFF, kPastBlendAlpha | 0x1E1F22, kHighPastBlendAlpha | 0xFFFFFF,

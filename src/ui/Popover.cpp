@@ -3,7 +3,6 @@
 #include <QBitmap>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPathStroker>
 #include <QScreen>
 #include <utility>
 
@@ -30,9 +29,21 @@ QRegion regionWithin(const QPainterPath& outline) {
 
 /// Every pixel that the outline touches.
 QRegion regionCovering(const QPainterPath& outline) {
-  QPainterPathStroker stroker;
-  stroker.setWidth(kBorderWidth);
-  return QRegion(outline.united(stroker.createStroke(outline)).toFillPolygon().toPolygon());
+  QImage smooth(outline.boundingRect().toAlignedRect().size(), QImage::Format_ARGB32_Premultiplied);
+  smooth.fill(Qt::transparent);
+  QPainter painter(&smooth);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillPath(outline, Qt::black);
+  painter.end();
+  QRegion region;
+  for (int y = 0; y < smooth.height(); ++y) {
+    int first = 0;
+    int last = smooth.width() - 1;
+    while (first <= last && qAlpha(smooth.pixel(first, y)) == 0) ++first;
+    while (last > first && qAlpha(smooth.pixel(last, y)) == 0) --last;
+    region += QRect(first, y, last + 1 - first, 1);
+  }
+  return region;
 }
 
 }  // namespace

@@ -69,6 +69,21 @@ void ScrollableView::scrollTo(Animate animate, double y, double height) {
   animateBar(bar, delta - jump);
 }
 
+bool ScrollableView::focusNextPrevChild(bool next) {
+  const QPointer<QScrollArea> area = enclosingScrollArea();
+  if (!area) return QWidget::focusNextPrevChild(next);
+  // The area brings what had the focus into sight, and so the middle of a view that is larger than itself:
+  // the row or day that was shown would move away.
+  const int x = area->horizontalScrollBar()->value();
+  const int y = area->verticalScrollBar()->value();
+  const bool moved = QWidget::focusNextPrevChild(next);
+  if (area) {
+    area->horizontalScrollBar()->setValue(x);
+    area->verticalScrollBar()->setValue(y);
+  }
+  return moved;
+}
+
 void ScrollableView::moveBar(QScrollBar& bar, double by) {
   bar.setValue(bar.value() + static_cast<int>(std::lround(by)));
 }

@@ -36,6 +36,9 @@ class ScrollableView : public QWidget {
   /// The band of the view that the scroll area shows. Without one, all of the view.
   Band visibleBand() const;
 
+  /// Leaves the scroll area where it is.
+  bool focusNextPrevChild(bool next) override;
+
  private:
   void performScroll();
   void moveBar(QScrollBar& bar, double by);

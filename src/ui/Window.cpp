@@ -38,6 +38,11 @@ bool areMeasured(const QMargins& margins) {
   return std::min({margins.left(), margins.top(), margins.right(), margins.bottom()}) >= 0;
 }
 
+/// The toolkit's positions mean nothing there.
+bool isToldItsPlace() {
+  return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 int asPixels(double length) {
   return static_cast<int>(std::lround(length));
 }
@@ -185,13 +190,16 @@ void Window::zoom() {
 }
 
 std::string Window::stringWithSavedFrame() const {
-  return savedFrameText({content(), screenFrame()});
+  if (isToldItsPlace()) return savedFrameText({content(), screenFrame()});
+  const Rect now = content();
+  return savedFrameText(frameOfUntoldPlace({now.width, now.height}, restoredFrame_, screenFrame()));
 }
 
 bool Window::setFrameFromString(const std::string& text) {
   const auto saved = parseSavedFrame(text);
   if (!saved) return false;
   requestedFrame_.reset();
+  restoredFrame_ = saved;
   setContent(placeOnScreens(*saved, margins(), screenAreas()));
   return true;
 }

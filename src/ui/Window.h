@@ -60,6 +60,7 @@ class Window : public QWidget, private Counted<Window> {
   /// Between the frame that the delegate chooses and the one before.
   void zoom();
 
+  /// Where the compositor keeps to itself where windows are, the place is the one restored last.
   std::string stringWithSavedFrame() const;
   /// False, with nothing changed, for a text that isn't a saved frame. A place that no screen shows any more
   /// is moved to one that exists.
@@ -115,6 +116,7 @@ class Window : public QWidget, private Counted<Window> {
   std::optional<Rect> requestedFrame_;  ///< set before the margins were known
   std::optional<Rect> frameBeforeZoom_;
   std::optional<Appearance> chosenAppearance_;
+  std::optional<SavedFrame> restoredFrame_;  ///< as it was saved
   bool isTitleBarPlaced_ = false;
   bool isClosing_ = false;
 };

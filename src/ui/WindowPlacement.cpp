@@ -104,6 +104,16 @@ std::optional<SavedFrame> parseSavedFrame(std::string_view text) {
   return saved;
 }
 
+SavedFrame frameOfUntoldPlace(Size content, const std::optional<SavedFrame>& last, const Rect& screen) {
+  if (last) {
+    const Rect& place = last->content;
+    return {{place.x, place.maxY() - content.height, content.width, content.height}, last->screen};
+  }
+  return {{std::round(screen.x + (screen.width - content.width) / 2),
+           std::round(screen.y + (screen.height - content.height) / 2), content.width, content.height},
+          screen};
+}
+
 Rect placeOnScreens(const SavedFrame& saved, const FrameMargins& margins,
                     std::span<const ScreenArea> screens) {
   if (screens.empty()) return saved.content;

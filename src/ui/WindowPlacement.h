@@ -46,6 +46,10 @@ std::string savedFrameText(const SavedFrame& saved);
 /// beginning.
 std::optional<SavedFrame> parseSavedFrame(std::string_view text);
 
+/// What to save of a window whose content has that size, where windows aren't told their place: the top left
+/// corner it was saved at last, with the screen of that time; without one, the middle of its screen.
+SavedFrame frameOfUntoldPlace(Size content, const std::optional<SavedFrame>& last, const Rect& screen);
+
 /// Where the saved content is to stand on the screens that exist now, the primary first. It stays as it was,
 /// to the pixel, if its screen is still there and enough of its upper edge can be seen to take hold of;
 /// otherwise it is moved, and made smaller if need be, to lie with its margins wholly within the screen it

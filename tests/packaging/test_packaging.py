@@ -90,7 +90,7 @@ class InstalledTest(unittest.TestCase):
 
 
 class BusTest(unittest.TestCase):
-    """An action of the desktop entry reaches the program that runs."""
+    """What launchers do reaches the program that runs."""
 
     def setUp(self):
         self.folder = tempfile.mkdtemp(prefix="tarvel-bus-")
@@ -101,7 +101,7 @@ class BusTest(unittest.TestCase):
         self.addCleanup(daemon.destroy)
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = daemon.wait_for_line("unix:")
 
-    def test_actions(self):
+    def test_actions_and_further_starts(self):
         tarvel = Process([os.environ["TARVEL"]], self.environment)
         self.addCleanup(tarvel.destroy)
         tarvel.wait_for_line("----- Launch Tarvel ")
@@ -111,6 +111,8 @@ class BusTest(unittest.TestCase):
         run(action, "today-window", env=self.environment)
         self.assertIn("no action", run(action, "format-disk", status=1, env=self.environment))
         run(action, status=2, env=self.environment)
+        for notice in ({}, {"DESKTOP_STARTUP_ID": "wish_TIME12", "XDG_ACTIVATION_TOKEN": "token"}):
+            self.assertEqual(run(os.environ["TARVEL"], env={**self.environment, **notice}), "", "handed over")
         self.assertEqual(tarvel.end(), 0)
 
 

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVariantAnimation>
@@ -128,6 +132,23 @@ TEST_F(ScrollableViewTest, AViewWithinTheScrolledOneScrollsByItsOwnPlace) {
   view_->scrollTo(Animate::no, 1000, 200);
   inner->scrollTo(Animate::no, 300, 50);
   EXPECT_EQ(top(), 1000 + 350 - kVisible);
+}
+
+TEST_F(ScrollableViewTest, TheKeyboardLeavesItWhereItIs) {
+  QWidget window;
+  window.setLayout(new QHBoxLayout);
+  auto* neighbour = new QPushButton;
+  window.layout()->addWidget(&area_);
+  window.layout()->addWidget(neighbour);
+  view_->setFocusPolicy(Qt::StrongFocus);
+  window.show();
+  view_->setFocus();
+  view_->scrollTo(Animate::no, 0, 10);
+  QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+  QApplication::sendEvent(view_, &tab);
+  EXPECT_EQ(window.focusWidget(), neighbour);
+  EXPECT_EQ(top(), 0);
+  area_.setParent(nullptr);  // which the fixture owns
 }
 
 TEST_F(ScrollableViewTest, AViewWithoutAScrollAreaOrGoneMeanwhileIsNotScrolled) {

@@ -98,5 +98,22 @@ TEST(WindowPlacement, ACascadeGoesDownRightAndBeginsAnewAtTheEnd) {
   EXPECT_EQ(nextCascadePoint({100, 350}, window, visible), (Point{0, 840})) << "lower edge";
 }
 
+TEST(WindowPlacement, AnUntoldPlaceIsTheOneBefore) {
+  const Rect screen{0, 0, 1280, 800};
+  const SavedFrame other{{100, 50, 600, 400}, Rect{0, 0, 1920, 1080}};
+  const SavedFrame olds{{100, 50, 600, 400}, {}};
+  struct Case {
+    Size content;
+    std::optional<SavedFrame> last;
+    const char* saved;
+  };
+  for (const auto& [content, last, saved] :
+       {Case{{600, 400}, other, "100 50 600 400 0 0 1920 1080"},
+        Case{{700, 300}, other, "100 150 700 300 0 0 1920 1080"}, Case{{600, 400}, olds, "100 50 600 400"},
+        Case{{601, 400}, {}, "340 200 601 400 0 0 1280 800"}}) {
+    EXPECT_EQ(savedFrameText(frameOfUntoldPlace(content, last, screen)), saved);
+  }
+}
+
 }  // namespace
 }  // namespace tarvel
