@@ -28,7 +28,7 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS "tzdata")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
   "qt6-wayland, ca-certificates, fonts-inter, hicolor-icon-theme, default-dbus-session-bus | dbus-session-bus")
 # A display on the wall.
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cage, seatd")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cage, seatd, xwayland")
 
 # What a Debian package has beyond the installed files.
 set(debian ${CMAKE_CURRENT_BINARY_DIR}/debian)
