@@ -72,14 +72,14 @@ Status CheckedDisk::setAttributes(const Path& path, const FileAttributes& attrib
 }
 
 Status CheckedDisk::sync(const Path& path) {
-  const Status synced = noted('S', path, disk_.sync(path));
+  Status synced = noted('S', path, disk_.sync(path));
   if (synced && path == kStore) stateVersions_.erase(stateVersions_.begin(), stateVersions_.end() - 1);
   return synced;
 }
 
 Status CheckedDisk::rename(const Path& from, const Path& to) {
   checkPlace(to);
-  const Status renamed = noted('M', to, disk_.rename(from, to));
+  Status renamed = noted('M', to, disk_.rename(from, to));
   if (!renamed) return renamed;
   const std::string key = keyOfPath(to).value_or("");
   const Bytes* const content = memory_.peek(to);

@@ -213,7 +213,8 @@ void Simulation::startProgram() {
     const auto again = std::find_if(recent.begin(), recent.end(),
                                     [&](const auto& rink) { return rink->rinkID == lastInView_; });
     if (again == recent.end()) return;
-    const std::shared_ptr<RinkData> rink = *again;
+    // Looking at it may drop others, and move it in the list.
+    const std::shared_ptr<RinkData> rink = program_->model.rinkData(*lastInView_);
     user_->look(rink->rinkID);
     const auto missing = ShownWatch::missing(*rink, memory_, startOfWeek(rink->dateNow()));
     if (missing && disk_.failures() == failuresBefore) alarms_.ring(Alarm::vanished, *missing);
