@@ -145,7 +145,7 @@ void AppController::saveAppState() {
   state["kioskMode"] = gKioskMode;
   state["skipBetaCycle"] = skipBetaCycle;
   if (dataModel_) dataModel_->addToState(state);
-  const Status saved = stateFile_.write(state);
+  const Status saved = stateFile_.write(std::move(state));
   if (saved) {
     services().console.printLine("File saved: " + stateFile_.path());
   } else {

@@ -1,6 +1,7 @@
 #include "app/StateFile.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/AtomicFile.h"
 
@@ -41,8 +42,8 @@ std::optional<PropertyList::Dictionary> StateFile::read() const {
   return *list->dictionary();
 }
 
-Status StateFile::write(const PropertyList::Dictionary& dictionary) const {
-  const Result<Bytes> content = PropertyList(dictionary).xml();
+Status StateFile::write(PropertyList::Dictionary dictionary) const {
+  const Result<Bytes> content = PropertyList(std::move(dictionary)).xml();
   if (!content) return content.error();
   return writeAtomically(files_, path_, *content);
 }

@@ -29,7 +29,7 @@ class StateFile {
   /// None if there is no such file, it can't be read or parsed, or is no dictionary.
   std::optional<PropertyList::Dictionary> read() const;
   /// Replaces the file as one step; the old one stands on failure.
-  Status write(const PropertyList::Dictionary& dictionary) const;
+  Status write(PropertyList::Dictionary dictionary) const;
 
   const Path& path() const { return path_; }
 

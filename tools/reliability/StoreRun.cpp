@@ -98,7 +98,7 @@ void StoreRun::lookAtPictures(RinkData& rink) {
 void StoreRun::saveState() {
   PropertyList::Dictionary state;
   model_.addToState(state);
-  if (const Status saved = stateFile_.write(state); !saved) {
+  if (const Status saved = stateFile_.write(std::move(state)); !saved) {
     log_->addMessage("Unable to save file: " + stateFile_.path() + " -- " + saved.error().description);
   }
 }
