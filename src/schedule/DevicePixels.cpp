@@ -43,17 +43,28 @@ void DevicePixels::verticalLine(double x, double y1, double y2, const QColor& co
                     color);
 }
 
+DevicePixels::Frame DevicePixels::frameOf(const Rect& rect, double lineWidth) const {
+  return {lineSpan(rect.x, matrix_.m11(), matrix_.dx(), lineWidth),
+          lineSpan(rect.maxX(), matrix_.m11(), matrix_.dx(), lineWidth),
+          lineSpan(rect.y, matrix_.m22(), matrix_.dy(), lineWidth),
+          lineSpan(rect.maxY(), matrix_.m22(), matrix_.dy(), lineWidth)};
+}
+
 void DevicePixels::frame(const Rect& rect, double lineWidth, const QColor& color) const {
-  const Span left = lineSpan(rect.x, matrix_.m11(), matrix_.dx(), lineWidth);
-  const Span right = lineSpan(rect.maxX(), matrix_.m11(), matrix_.dx(), lineWidth);
-  const Span top = lineSpan(rect.y, matrix_.m22(), matrix_.dy(), lineWidth);
-  const Span bottom = lineSpan(rect.maxY(), matrix_.m22(), matrix_.dy(), lineWidth);
+  const auto [left, right, top, bottom] = frameOf(rect, lineWidth);
   QPainterPath path;  // fills by odd and even: the inner rectangle is a hole
   path.addRect(logical({left.from, right.to}, {top.from, bottom.to}));
   if (left.to < right.from && top.to < bottom.from) {
     path.addRect(logical({left.to, right.from}, {top.to, bottom.from}));
   }
   painter_.fillPath(path, color);
+}
+
+Rect DevicePixels::insideOfFrame(const Rect& rect, double lineWidth) const {
+  const auto [left, right, top, bottom] = frameOf(rect, lineWidth);
+  const QRectF inside =
+      logical({left.to, std::max(left.to, right.from)}, {top.to, std::max(top.to, bottom.from)});
+  return {inside.x(), inside.y(), inside.width(), inside.height()};
 }
 
 }  // namespace tarvel

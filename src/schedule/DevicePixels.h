@@ -22,12 +22,19 @@ class DevicePixels {
   void verticalLine(double x, double y1, double y2, const QColor& color) const;
   /// The lines of a rectangle, none of them drawn twice where they meet.
   void frame(const Rect& rect, double lineWidth, const QColor& color) const;
+  /// What the lines of such a frame leave free, in logical pixels; empty if they meet.
+  Rect insideOfFrame(const Rect& rect, double lineWidth) const;
 
  private:
   struct Span {
     double from;
     double to;
   };
+  /// The lines of a rectangle's frame.
+  struct Frame {
+    Span left, right, top, bottom;
+  };
+  Frame frameOf(const Rect& rect, double lineWidth) const;
   /// In device pixels: where a line that lies astride `place` begins and ends.
   static Span lineSpan(double place, double scale, double offset, double lineWidth);
   QRectF logical(Span x, Span y) const;

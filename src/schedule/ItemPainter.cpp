@@ -1,7 +1,9 @@
 #include "schedule/ItemPainter.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <cmath>
 
 #include "schedule/DevicePixels.h"
 #include "schedule/ScheduleItemText.h"
@@ -11,6 +13,7 @@ namespace {
 
 constexpr double kScreenTimeFontSize = 8.0;
 constexpr double kPrintedTimeFontSize = 5.0;
+constexpr double kFrameLine = 1.0;
 // The texts' colours are fixed, whatever the appearance: they stand on the sessions' own colours.
 constexpr Appearance kAnyAppearance = Appearance::light;
 
@@ -20,6 +23,15 @@ ItemStyles stylesOf(double fontSize) {
   styles.resurface = {fontSize * kResurfaceFontScale, FontWeight::regular, kResurfaceTextColor,
                       kCentredStyle};
   return styles;
+}
+
+/// Where a line starts that is higher than its bar: its capitals stand in the middle between the bar's frame
+/// lines, so that what is cut off is the room above and below the letters. Lines are laid out with whole
+/// pixels above the base line.
+double yOfHighLine(QPainter& painter, const Rect& rect, const AttributedText& text) {
+  const QFontMetricsF metrics(text.runs().front().attributes.font());
+  const Rect inside = DevicePixels(painter).insideOfFrame(rect, kFrameLine);
+  return inside.y + (inside.height + metrics.capHeight()) / 2 - std::ceil(metrics.ascent());
 }
 
 }  // namespace
@@ -49,7 +61,7 @@ ItemClip::~ItemClip() {
 void paintItemBlock(QPainter& painter, const Rect& rect, const Color& sessionColor, const Color& frameColor) {
   const DevicePixels pixels(painter);
   pixels.fill(rect, toQColor(sessionColor));
-  pixels.frame(rect, 1.0, toQColor(frameColor));
+  pixels.frame(rect, kFrameLine, toQColor(frameColor));
 }
 
 void paintNoteCorner(QPainter& painter, const Rect& rect) {
@@ -65,10 +77,11 @@ void paintNoteCorner(QPainter& painter, const Rect& rect) {
 }
 
 void paintItemText(QPainter& painter, const Rect& rect, const AttributedText& text, double lift) {
-  if (rect.empty()) return;
+  if (rect.empty() || text.empty()) return;
   const FixedTextScale ownSize;  // which the user sets in the window
   const Size size = boundingRect(text, {rect.width, rect.height}, TextFit::wrapAndTruncate);
-  const double y = rect.y + (rect.height - size.height) / 2 - lift;
+  const double y = size.height > rect.height ? yOfHighLine(painter, rect, text)
+                                             : rect.y + (rect.height - size.height) / 2 - lift;
   draw(painter, {rect.x, y, rect.width, size.height}, text, TextFit::wrapAndTruncate, kAnyAppearance);
 }
 
