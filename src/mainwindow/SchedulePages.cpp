@@ -83,7 +83,9 @@ void ScheduleController::updateDayRange() {
   dayRange_.endOfDay = std::max(dayRange_.endOfDay, wanted.endOfDay);
   bool changes = false;
   forEachPage([&](SchedulePageView& page) { changes |= page.setDayRange(dayRange_); });
-  if (changes) pagingView().adjustSize();
+  if (!changes) return;
+  pagingView().adjustSize();
+  timeTick();  // the night may belong to the day before now
 }
 
 // What the pages ask.

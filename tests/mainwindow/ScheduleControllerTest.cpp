@@ -184,6 +184,10 @@ TEST_F(ScheduleControllerTest, theNightBelongsToTheDayBeforeWhileItsSessionsLast
   choose(1);
   pass(14.5 * 3600.0);  // 0:30 on Thursday
   EXPECT_EQ(controller->schedule().currentDate(), packedDate(2026, 3, 18));
+  choose(2);
+  choose(1);
+  EXPECT_EQ(controller->schedule().currentDate(), packedDate(2026, 3, 18))
+      << "by night also without a minute's wait";
   pass(3600.0);
   EXPECT_EQ(controller->schedule().currentDate(), packedDate(2026, 3, 19));
 }
