@@ -83,8 +83,9 @@ TarvelURLWindowController::TarvelURLWindowController(const WindowContext& contex
 }
 
 TarvelURLWindowController::~TarvelURLWindowController() {
-  // The field goes after this and may end its editing on the way.
+  // The window and its field go after this; on the way the field may end its editing, and the focus leaves.
   urlField_->disconnect();
+  QObject::disconnect(qApp, &QApplication::focusChanged, window(), nullptr);
 }
 
 void TarvelURLWindowController::makeViews() {
