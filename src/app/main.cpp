@@ -60,6 +60,16 @@ Path applicationFolder() {
   return join(data.toStdString(), kAppInfo.localizedName);
 }
 
+/// How the session manager brings this program back: by the very file that runs, which need not be found by
+/// its name alone, and without arguments, since the windows come back from the state file. A copy is started
+/// in the same way.
+void tellRestart(QSessionManager& manager) {
+  const QStringList command{QCoreApplication::applicationFilePath()};
+  manager.setRestartCommand(command);
+  manager.setManagerProperty(QStringLiteral("CloneCommand"), command);
+  manager.setManagerProperty(QStringLiteral("Program"), command.front());
+}
+
 void connectLifecycle(TarvelApp& app, AppController& controller, SingleInstance& instance,
                       DesktopRequests& requests) {
   // The controller quits in its own order once the loop has ended, when nothing can change the model any
@@ -72,6 +82,7 @@ void connectLifecycle(TarvelApp& app, AppController& controller, SingleInstance&
   QObject::connect(
       &app, &QGuiApplication::commitDataRequest, &app,
       [&controller](QSessionManager&) { controller.saveAppState(); }, Qt::DirectConnection);
+  QObject::connect(&app, &QGuiApplication::saveStateRequest, &app, tellRestart, Qt::DirectConnection);
   QObject::connect(&app, &QGuiApplication::applicationStateChanged, &app,
                    [&controller](Qt::ApplicationState state) {
                      if (state == Qt::ApplicationActive) controller.applicationDidBecomeActive();

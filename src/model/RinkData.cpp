@@ -96,14 +96,19 @@ void RinkData::setRinkInfo(const std::shared_ptr<RinkInfo>& rinkInfo) {
 
 void RinkData::setTimeZone() {
   const std::shared_ptr<RinkInfo> info = rinkInfo();
-  std::optional<TimeZone> zone = info ? TimeZone::named(info->timeZone) : std::nullopt;
-  if (!zone) zone = context_.services.clock.machineZone();
-  if (timeZone_ == zone) return;
-  context_.services.console.printLine(
-      fmt::format("RinkData for rinkID {}: setTimeZone to {}", rinkID, zone->identifier()));
-  timeZone_ = zone;
+  const std::optional<TimeZone> own = info ? TimeZone::named(info->timeZone) : std::nullopt;
+  followsMachine_ = !own;
+  if (!adoptTimeZone(own ? *own : context_.services.clock.machineZone())) return;
   updateTimeWithNow(context_.services.pretendTime.now());
   postNotification(kTimeZoneChanged);
+}
+
+bool RinkData::adoptTimeZone(const TimeZone& zone) {
+  if (timeZone_ == zone) return false;
+  context_.services.console.printLine(
+      fmt::format("RinkData for rinkID {}: setTimeZone to {}", rinkID, zone.identifier()));
+  timeZone_ = zone;
+  return true;
 }
 
 void RinkData::updateTimeWithNow(Instant now) {
@@ -112,6 +117,7 @@ void RinkData::updateTimeWithNow(Instant now) {
   const double minute = std::floor(now.seconds / kSecondsPerMinute);
   if (minute == prevMinute_) return;
   prevMinute_ = minute;
+  const bool zoneChanged = followsMachine_ && adoptTimeZone(context_.services.clock.machineZone());
   const TimeZone zone = timeZone_ ? *timeZone_ : context_.services.clock.machineZone();
   const LocalTime local = zone.local(now);
   const PackedDate date = packedDate(local);
@@ -125,6 +131,7 @@ void RinkData::updateTimeWithNow(Instant now) {
     timeNow_ = time;
     postNotification(kCurrentTimeOfDayChanged);
   }
+  if (zoneChanged) postNotification(kTimeZoneChanged);
 }
 
 void RinkData::setPhotosFolder(const std::string& folder) {

@@ -79,7 +79,8 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   /// Null when the rink has left the catalogue.
   std::shared_ptr<RinkInfo> rinkInfo() const { return rinkInfo_.lock(); }
   void setRinkInfo(const std::shared_ptr<RinkInfo>& rinkInfo);
-  /// Takes over the zone that `rinkInfo` names (the machine's if it names none).
+  /// Takes over the zone that `rinkInfo` names. If it names none, that is the machine's, whose changes are
+  /// then followed from minute to minute.
   void setTimeZone();
   const std::optional<TimeZone>& timeZone() const { return timeZone_; }
   /// Today at the rink, and the minutes since its midnight.
@@ -160,11 +161,14 @@ class RinkData : public std::enable_shared_from_this<RinkData>,
   RinkData(const RinkContext& context, std::int64_t rinkID);
   void readState(const PropertyList::Dictionary& state);
   void adoptStoredMainFile(const MainFile& file);
+  /// False if it is the zone already.
+  bool adoptTimeZone(const TimeZone& zone);
 
   RinkContext context_;
   Path folder_;
   std::weak_ptr<RinkInfo> rinkInfo_;
   std::optional<TimeZone> timeZone_;
+  bool followsMachine_ = false;  ///< `timeZone_` is the machine's
   PackedDate dateNow_ = kNoDate;
   std::int64_t timeNow_ = 0;
   bool hasHeader_ = false;

@@ -22,6 +22,10 @@ CalendarView::CalendarView(const WindowContext& context, QWidget* parent)
   NotificationCenter& center = context.services.notifications;
   observations_.push_back(
       center.observe(kCurrentDateChanged, [this](const Notification&) { needsRedraw(); }));
+  // Today is the machine's, which may change at another time than the rinks', also with the machine's zone.
+  observations_.push_back(center.observe(kCurrentTimeOfDayChanged, [this](const Notification&) {
+    if (todayDate(pretendTime_) != shownToday_) needsRedraw();
+  }));
   observations_.push_back(center.observe(
       kCheckObservers,
       [&census = context.observerCensus](const Notification&) { census.checkObservers("CalendarView"); }));
@@ -191,7 +195,8 @@ void CalendarView::paintEvent(QPaintEvent* event) {
   if (isClosing_) return;
   QPainter painter(this);
   const QRect dirty = event->rect();
-  const CalendarPicture picture{layout_,     selection_,        todayDate(pretendTime_), mainState_.isMain(),
+  shownToday_ = todayDate(pretendTime_);
+  const CalendarPicture picture{layout_,     selection_,        shownToday_, mainState_.isMain(),
                                 showsFocus_, appearanceOf(this)};
   paintCalendar(painter, picture,
                 {double(dirty.x()), double(dirty.y()), double(dirty.width()), double(dirty.height())});

@@ -92,7 +92,8 @@ class CalendarView : public ScrollableView, public AccessibleView, Counted<Calen
   CalendarLayout layout_;
   PackedDate currentDate_ = kNoDate;
   CalendarSelection selection_;
-  std::optional<double> prevTime_;  ///< of the last go-to command, on the monotonic clock
+  PackedDate shownToday_ = kNoDate;  ///< as it was last painted
+  std::optional<double> prevTime_;   ///< of the last go-to command, on the monotonic clock
   bool isClosing_ = false;
   bool suppressScrolling_ = false;
   bool preferFuture_ = false;
