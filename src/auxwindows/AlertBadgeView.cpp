@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "ui/AccessibleFactory.h"
 #include "ui/Icons.h"
 #include "ui/NamedColors.h"
 
@@ -34,7 +35,9 @@ std::optional<Symbol> symbolOf(AlertBadge badge) {
 
 }  // namespace
 
-AlertBadgeView::AlertBadgeView(QWidget* parent) : QWidget(parent) {}
+AlertBadgeView::AlertBadgeView(QWidget* parent) : QWidget(parent) {
+  setAccessibleRole(*this, QAccessible::Graphic);
+}
 
 void AlertBadgeView::setBadge(AlertBadge badge) {
   badge_ = badge;

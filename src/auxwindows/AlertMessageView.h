@@ -22,6 +22,7 @@ class AlertMessageView : public QWidget, Counted<AlertMessageView> {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   AlertPanelWindowController& windowController_;

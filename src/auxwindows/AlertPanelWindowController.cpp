@@ -79,6 +79,11 @@ void AlertPanelWindowController::present(CompletionHandler completionHandler) {
   badgeView_->setBadge(badge);
   badgeView_->setVisible(hasBadge);
 
+  fitText();
+  showWindow();
+}
+
+void AlertPanelWindowController::fitText() {
   const AttributedText shown = text();
   messageView_->setText(shown);
   std::optional<Size> measured;
@@ -90,10 +95,10 @@ void AlertPanelWindowController::present(CompletionHandler completionHandler) {
   const double oldWidth = window()->frame().width;
   if (!rightInsets_.empty()) lastButtonLeft = oldWidth - rightInsets_.back();
   const Size size = alertPanelSize(messageSize, oldWidth, lastButtonLeft);
-  window()->setFrame(alertPanelFrame(size, window()->screenFrame()));
+  // The limits first: those of the size before would hold it.
   window()->setFrameLimits(size, size);
+  window()->setFrame(alertPanelFrame(size, window()->screenFrame()));
   layoutViews();
-  showWindow();
 }
 
 void AlertPanelWindowController::layoutViews() {

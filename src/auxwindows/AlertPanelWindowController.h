@@ -37,6 +37,8 @@ class AlertPanelWindowController : public WindowController, Counted<AlertPanelWi
   /// panel closes only if the handler closes it, or by its user without an answer, and a panel that has
   /// closed calls nobody.
   void present(CompletionHandler completionHandler);
+  /// Lays the panel out anew for its texts.
+  void fitText();
 
   void windowDidResize() override { layoutViews(); }
   void windowWillClose() override;

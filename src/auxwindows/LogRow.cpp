@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/Fonts.h"
+
 namespace tarvel {
 namespace {
 
@@ -17,10 +19,13 @@ const QString kEllipsis = QStringLiteral("…");
 
 /// Where the piece begins that follows a tab at `at`. Beyond the last stop a tab is as good as a blank.
 double placeAfterTab(double at, double pieceWidth, double blankWidth) {
-  const auto* const stop = std::find_if(std::begin(kTabStops), std::end(kTabStops),
-                                        [at](const TabStop& candidate) { return candidate.place > at; });
+  const double scale = textScale();
+  const auto* const stop =
+      std::find_if(std::begin(kTabStops), std::end(kTabStops),
+                   [&](const TabStop& candidate) { return candidate.place * scale > at; });
   if (stop == std::end(kTabStops)) return at + blankWidth;
-  return stop->alignment == TextAlignment::right ? std::max(at, stop->place - pieceWidth) : stop->place;
+  const double place = stop->place * scale;
+  return stop->alignment == TextAlignment::right ? std::max(at, place - pieceWidth) : place;
 }
 
 }  // namespace

@@ -90,6 +90,10 @@ void LogView::close() {
   checkObservation_ = {};
 }
 
+double LogView::rowHeight() {
+  return lineHeight * textScale();
+}
+
 void LogView::adjustSize() {
   const QScrollArea* area = enclosingScrollArea();
   if (!area) return;
@@ -109,6 +113,7 @@ void LogView::updateScrollBarColor() {
 void LogView::changeEvent(QEvent* event) {
   ScrollableView::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) updateScrollBarColor();
+  if (event->type() == QEvent::FontChange) adjustSize();
 }
 
 bool LogView::eventFilter(QObject* watched, QEvent* event) {
@@ -127,13 +132,13 @@ void LogView::paintEvent(QPaintEvent* event) {
          TextFit::wrap, appearanceOf(this));
     return;
   }
-  const auto rowAt = [](double y) { return static_cast<std::ptrdiff_t>((y - kTopMargin) / lineHeight); };
+  const auto rowAt = [](double y) { return static_cast<std::ptrdiff_t>((y - kTopMargin) / rowHeight()); };
   const std::ptrdiff_t first = std::max<std::ptrdiff_t>(rowAt(dirty.top()), 0);
   const std::ptrdiff_t last =
       std::min(rowAt(dirty.bottom() + 1), static_cast<std::ptrdiff_t>(messages_.size()) - 1);
   for (std::ptrdiff_t row = first; row <= last; ++row) drawRow(painter, static_cast<std::size_t>(row));
   if (hasKeyboardFocus(*this) && focusedRow_ < messages_.size())
-    drawFocusRing(painter, {0.0, rowY(focusedRow_), double(width()), lineHeight}, *this);
+    drawFocusRing(painter, {0.0, rowY(focusedRow_), double(width()), rowHeight()}, *this);
 }
 
 void LogView::drawRow(QPainter& painter, std::size_t row) const {
@@ -182,8 +187,8 @@ AccessibleNode LogView::accessibleTree() const {
   for (std::size_t row = 0; row < messages_.size(); ++row) {
     AccessibleNode node;
     node.id = QString::number(row);
-    node.name = QString(messages_[row].text).replace(u'\t', u' ');
-    node.rect = QRectF(0.0, rowY(row), width(), lineHeight);
+    node.name = messages_[row].text.simplified();  // without the blanks that line columns up
+    node.rect = QRectF(0.0, rowY(row), width(), rowHeight());
     node.focusable = true;
     list.children.push_back(std::move(node));
   }
@@ -202,7 +207,7 @@ void LogView::focusAccessible(const QString& id) {
 
 void LogView::focusRow(std::size_t row) {
   focusedRow_ = row;
-  scrollTo(Animate::no, rowY(row), lineHeight);
+  scrollTo(Animate::no, rowY(row), rowHeight());
   update();
   accessibleFocusChanged();
 }
@@ -221,7 +226,7 @@ void LogView::focusInEvent(QFocusEvent* event) {
   const double top = visibleBand().y;
   const bool inSight = rowY(focusedRow_) >= top && rowY(focusedRow_) < top + visibleBand().height;
   if (hasKeyboardFocus(*this) && !inSight && !messages_.empty()) {
-    const auto first = static_cast<std::size_t>(std::max(0.0, std::ceil((top - kTopMargin) / lineHeight)));
+    const auto first = static_cast<std::size_t>(std::max(0.0, std::ceil((top - kTopMargin) / rowHeight())));
     focusedRow_ = std::min(first, messages_.size() - 1);
   }
   update();

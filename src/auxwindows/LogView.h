@@ -20,7 +20,7 @@ class LogView : public ScrollableView, public AccessibleView, Counted<LogView> {
  public:
   using Counted<LogView>::liveCount;
 
-  static constexpr double lineHeight = 18.0;
+  static constexpr double lineHeight = 18.0;  ///< of a row, where texts have their ordinary size
   static constexpr double kTopMargin = 6.0;
 
   /// Centre and census outlive the view. `name` is what a screen reader calls it.
@@ -59,8 +59,9 @@ class LogView : public ScrollableView, public AccessibleView, Counted<LogView> {
   void adjustSize();
   void updateClearLogButton();
   void updateScrollBarColor();
-  double rowsHeight() const { return lineHeight * double(messages_.size()) + kTopMargin; }
-  double rowY(std::size_t row) const { return kTopMargin + double(row) * lineHeight; }
+  static double rowHeight();
+  double rowsHeight() const { return rowHeight() * double(messages_.size()) + kTopMargin; }
+  double rowY(std::size_t row) const { return kTopMargin + double(row) * rowHeight(); }
   void focusRow(std::size_t row);
   /// Whether there was a row to go to.
   bool focusNeighbour(int key);

@@ -4,14 +4,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include "auxwindows/RefreshSign.h"
 #include "mainwindow/TextLabel.h"
 #include "mainwindow/TitleRowLayout.h"
 #include "platform/FatalError.h"
+#include "ui/AccessibleFactory.h"
 #include "ui/SegmentedControl.h"
 
 namespace tarvel {
 namespace {
 
+const QString kShown = QStringLiteral("Shown");
+const QString kHidden = QStringLiteral("Hidden");
 constexpr int kRepeatDelay = 500;     // milliseconds
 constexpr int kRepeatInterval = 300;  // milliseconds
 // Narrower than its fellows, to stay clear of them in a narrow window.
@@ -40,6 +44,7 @@ void place(QWidget& view, const Rect& rect) {
 
 MainTitleRow::MainTitleRow(QWidget* parent) : QWidget(parent) {
   setFixedHeight(scaledForText(kHeight));
+  setAccessibleRole(*this, QAccessible::ToolBar);
   setAccessibleName(QStringLiteral("Window controls"));
   // In the order of the tab key, from the left.
   showRinksButton_ = new IconButton("sidebar-left", QStringLiteral("Show or hide the rinks"), this);
@@ -133,19 +138,17 @@ void MainTitleRow::setBackTitle(const QString& title) {
 }
 
 void MainTitleRow::setRefreshIcon(bool caution) {
-  if (caution) {
-    refreshRinkButton_->setSymbol("caution", kSystemYellow);
-  } else {
-    refreshRinkButton_->setSymbol("refresh", kLabel);
-  }
+  showRefreshSign(*refreshRinkButton_, caution ? RefreshSign::caution : RefreshSign::refresh);
 }
 
 void MainTitleRow::setShowRinks(bool shown) {
   showRinksButton_->setSymbol("sidebar-left", shown ? kControlAccent : kLabel);
+  showRinksButton_->setAccessibleDescription(shown ? kShown : kHidden);
 }
 
 void MainTitleRow::setShowCalendar(bool shown) {
   showCalendarButton_->setSymbol("calendar", shown ? kControlAccent : kLabel);
+  showCalendarButton_->setAccessibleDescription(shown ? kShown : kHidden);
 }
 
 void MainTitleRow::layoutTitleBar() {

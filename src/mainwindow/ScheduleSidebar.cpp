@@ -65,6 +65,7 @@ void ScheduleSidebar::makeChoices() {
   chimeLabel_ = new TextLabel(kChimeAttributes, TextLabel::Lines::one, this);
   chimeLabel_->setTextUtf8("Chime");
   chimePopUpButton_ = new ChimePopUpButton(this);
+  chimeLabel_->setBuddy(chimePopUpButton_);
 }
 
 void ScheduleSidebar::makeClocksAndItemInfo() {
@@ -110,6 +111,7 @@ void ScheduleSidebar::setChimeItems(const std::vector<ChimeItem>& items) {
 
 void ScheduleSidebar::setItemInfo(const std::string& text) {
   itemInfoField_->setTextUtf8(text);
+  itemInfoField_->setAccessibleDescription(itemInfoField_->text());
 }
 
 bool ScheduleSidebar::showsItemInfo() const {
@@ -122,15 +124,15 @@ void ScheduleSidebar::layoutScheduleSidebar() {
   ScheduleSidebarSizes sizes;
   sizes.sidebar = asSize(size());
   sizes.logo = asSize(kLogoSize);
-  sizes.viewOptionControl = asSize(scheduleViewOptionControl_->sizeHint().boundedTo(
-      {width() - static_cast<int>(2 * ScheduleSidebarLayout::kLeftMargin), height()}));
+  const QSize room(width() - static_cast<int>(2 * ScheduleSidebarLayout::kLeftMargin), height());
+  sizes.viewOptionControl = asSize(scheduleViewOptionControl_->sizeHint().boundedTo(room));
   sizes.venueCount = static_cast<int>(venueButtons_->buttons().size());
   sizes.textScale = textScale();
   sizes.widestVenueButton = venueButtons_->widestButton();
   sizes.chimeLabel = asSize(chimeLabel_->sizeHint());
   sizes.chimePopUpButton = asSize(popUp);
   sizes.analogClockFace = asSize(analogClockFace_->sizeHint());
-  sizes.digitalClock = asSize(digitalClockContainer_->sizeHint());
+  sizes.digitalClock = asSize(digitalClockContainer_->sizeHint().boundedTo(room));
   sizes.adjustments = asSize(scheduleAdjustmentsView_->sizeHint());
   const ScheduleSidebarLayout layout(sizes);
 

@@ -64,12 +64,14 @@ void ScheduleSidebarLayout::placeClocksAndItemInfo(const ScheduleSidebarSizes& s
   const double faceHeight = sizes.analogClockFace.height;
   const double digitalHeight = sizes.digitalClock.height;
   const double bottom = scheduleAdjustmentsView.y - kAdjustmentsGap;
+  // Larger letters need a larger box for the same words.
+  const double shortestItemInfo = kShortestItemInfo * sizes.textScale;
   double top = chimePopUpButton.maxY() + kClocksGap;
   double free = bottom - top - faceHeight - kFaceGap - digitalHeight - kDigitalClockGap;
 
-  const bool showsFace = free >= kShortestItemInfo;
+  const bool showsFace = free >= shortestItemInfo;
   if (!showsFace) free += faceHeight + kFaceGap;
-  const bool showsDigital = free >= kShortestItemInfo;
+  const bool showsDigital = free >= shortestItemInfo;
   if (!showsDigital) free += digitalHeight + kDigitalClockGap;
 
   if (showsFace) {
@@ -80,7 +82,7 @@ void ScheduleSidebarLayout::placeClocksAndItemInfo(const ScheduleSidebarSizes& s
     digitalClockContainer = centred(sizes.digitalClock, top);
     top = digitalClockContainer->maxY() + kDigitalClockGap;
   }
-  if (free >= kShortestItemInfo) itemInfoField = centred({width_ - 2 * kSideGap, bottom - top}, top);
+  if (free >= shortestItemInfo) itemInfoField = centred({width_ - 2 * kSideGap, bottom - top}, top);
 }
 
 }  // namespace tarvel

@@ -12,7 +12,7 @@ struct ScheduleSidebarSizes {
   Size logo;
   Size viewOptionControl;
   int venueCount = 0;
-  double textScale = 1.0;  ///< of the venues' lines
+  double textScale = 1.0;  ///< of the texts: venues and what the session box has to hold
   double widestVenueButton = 0.0;
   Size chimeLabel;
   Size chimePopUpButton;

@@ -8,6 +8,7 @@
 
 #include "mainwindow/ScheduleSidebarLayout.h"
 #include "mainwindow/ToolTips.h"
+#include "ui/AccessibleFactory.h"
 #include "ui/Fonts.h"
 
 namespace tarvel {
@@ -26,6 +27,7 @@ QString buttonText(QString title) {
 }  // namespace
 
 VenueButtons::VenueButtons(QWidget* parent) : QScrollArea(parent) {
+  setAccessibleRole(*this, QAccessible::Grouping);
   setAccessibleName(QStringLiteral("Venues"));
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);

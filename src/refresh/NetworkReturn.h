@@ -18,6 +18,7 @@ class NetworkReturn {
   /// begin 2 seconds later, and never within 30 seconds of the last time: a connection that comes and goes
   /// hammers no server.
   void networkCameBack();
+  bool isWaiting() const { return timer_ != nullptr; }
 
  private:
   void tryAgain();

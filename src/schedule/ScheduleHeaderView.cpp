@@ -27,7 +27,8 @@ ScheduleHeaderView::ScheduleHeaderView(const WindowContext& context, ScheduleVie
   describe();
   NotificationCenter& center = context.services.notifications;
   ObserverCensus& census = context.observerCensus;
-  observations_.push_back(center.observe(kCurrentDateChanged, [this](const Notification&) { update(); }));
+  observations_.push_back(
+      center.observe(kCurrentDateChanged, [this](const Notification&) { contentChanged(); }));
   observations_.push_back(center.observe(
       kCheckObservers, [&census](const Notification&) { census.checkObservers("ScheduleHeaderView"); }));
 }
@@ -35,19 +36,25 @@ ScheduleHeaderView::ScheduleHeaderView(const WindowContext& context, ScheduleVie
 void ScheduleHeaderView::close() {
   observations_.clear();
   owner_ = nullptr;
+  accessibleContentChanged();
 }
 
 void ScheduleHeaderView::setDate(PackedDate date) {
   if (date == date_) return;
   date_ = date;
-  update();
+  contentChanged();
 }
 
 void ScheduleHeaderView::setScheduleViewOption(ScheduleViewOption option) {
   if (option == scheduleViewOption_) return;
   scheduleViewOption_ = option;
   describe();
+  contentChanged();
+}
+
+void ScheduleHeaderView::contentChanged() {
   update();
+  accessibleContentChanged();
 }
 
 void ScheduleHeaderView::describe() {
@@ -76,6 +83,23 @@ std::vector<std::string> ScheduleHeaderView::columnTitles() const {
     titles.push_back(columnTitle(date, today));
   }
   return titles;
+}
+
+AccessibleNode ScheduleHeaderView::accessibleTree() const {
+  AccessibleNode heading;
+  heading.role = QAccessible::Heading;
+  const ColumnGeometry geometry = owner_ ? owner_->columnGeometry() : ColumnGeometry{};
+  double x = geometry.x;
+  for (const std::string& title : columnTitles()) {
+    AccessibleNode column;
+    column.id = QString::number(heading.children.size());
+    column.role = QAccessible::StaticText;
+    column.name = QString::fromStdString(title);
+    column.rect = QRectF(x, 0.0, geometry.width, height());
+    x += geometry.width;
+    heading.children.push_back(std::move(column));
+  }
+  return heading;
 }
 
 void ScheduleHeaderView::changeEvent(QEvent* event) {

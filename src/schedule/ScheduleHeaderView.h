@@ -4,12 +4,13 @@
 
 #include "auxwindows/WindowContext.h"
 #include "schedule/ScheduleViewOwner.h"
+#include "ui/AccessibleView.h"
 
 namespace tarvel {
 
 /// The names of the columns, days or venues, above the schedule's pages; it stays put while pages turn. Made
 /// by the owner of the schedule, which tells it what to show.
-class ScheduleHeaderView : public QWidget, Counted<ScheduleHeaderView> {
+class ScheduleHeaderView : public QWidget, public AccessibleView, Counted<ScheduleHeaderView> {
   Q_OBJECT
  public:
   using Counted<ScheduleHeaderView>::liveCount;
@@ -29,6 +30,7 @@ class ScheduleHeaderView : public QWidget, Counted<ScheduleHeaderView> {
   static std::string columnTitle(PackedDate date, PackedDate today);
   /// What stands above the columns, from the left: seven days or the names of the chosen venues.
   std::vector<std::string> columnTitles() const;
+  AccessibleNode accessibleTree() const override;
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -36,6 +38,7 @@ class ScheduleHeaderView : public QWidget, Counted<ScheduleHeaderView> {
 
  private:
   void describe();
+  void contentChanged();
 
   ScheduleViewOwner* owner_;
   ScheduleViewOption scheduleViewOption_ = ScheduleViewOption::weekly;

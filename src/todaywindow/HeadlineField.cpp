@@ -2,11 +2,14 @@
 
 #include <QPainter>
 
+#include "ui/AccessibleFactory.h"
+
 namespace tarvel {
 
 HeadlineField::HeadlineField(const TextAttributes& attributes, QWidget* parent)
     : QWidget(parent), attributes_(attributes) {
   attributes_.paragraph = kRightStyle;
+  setAccessibleRole(*this, QAccessible::StaticText);
 }
 
 void HeadlineField::setText(const std::string& text) {

@@ -58,8 +58,10 @@ void paintNote(QPainter& painter, const TodayPicture& picture, const PlacedItem&
   // It stays smaller than the name where both are made smaller.
   const TodayStyles& styles = picture.styles;
   const double share = std::min(1.0, styles.note.fontSize / styles.name.fontSize);
-  const auto look = fitted(styles.note, share * bar.height);
+  auto look = fitted(styles.note, share * bar.height);
   if (!room || !look) return paintNoteCorner(painter, picture.layout.descriptionColumn(bar));
+  // The note's own grey is faint on the darker of the sessions' colours.
+  if (contrast() == Contrast::high) look->color = kBlack;
   const AttributedText note(item->note, *look);
   const double height = boundingRect(note, {room->width, room->height}, TextFit::wrapAndTruncate).height;
   draw(painter, {room->x, room->y + (room->height - height) / 2, room->width + kNoteExtraWidth, height}, note,

@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "auxwindows/RefreshSign.h"
 #include "foundation/TextFormats.h"
 #include "schedule/ScheduleContents.h"
 #include "schedule/SchedulePrintDialog.h"
@@ -149,11 +150,8 @@ void TodayWindowController::updateInfoText() {
 
 void TodayWindowController::updateRefreshButton() {
   const auto rink = chosenRink();
-  if (rink && rink->errorKind() != DownloadErrorKind::noError) {
-    views_->refreshButton().setSymbol("caution", kSystemYellow);
-  } else {
-    views_->refreshButton().setSymbol("refresh", kLabel);
-  }
+  const bool failed = rink && rink->errorKind() != DownloadErrorKind::noError;
+  showRefreshSign(views_->refreshButton(), failed ? RefreshSign::caution : RefreshSign::refresh);
 }
 
 // The clock.

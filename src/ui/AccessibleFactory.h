@@ -10,7 +10,7 @@ namespace tarvel {
 void installAccessibleFactory();
 
 /// What a widget that paints itself is: a text, a picture, a group. To be called before anyone asks, which is
-/// while it is made.
+/// while it is made, and before it is named.
 void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 }  // namespace tarvel

@@ -16,6 +16,8 @@ class AccessibleNodeInterface : public QAccessibleInterface,
   AccessibleNodeInterface(AccessibleViewInterface& owner, QString id, QString parent);
 
   const QString& id() const { return id_; }
+  /// Empty for the view.
+  const QString& parentId() const { return parent_; }
   /// The name that listeners were told last.
   QString toldName;
 

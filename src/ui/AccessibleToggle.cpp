@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QRadioButton>
+#include <QTextDocumentFragment>
 
 namespace tarvel {
 namespace {
@@ -27,7 +28,11 @@ QAbstractButton* AccessibleToggle::button() const {
 
 QString AccessibleToggle::text(QAccessible::Text kind) const {
   const QString set = QAccessibleWidget::text(kind);
-  return kind == QAccessible::Name && set.isEmpty() ? withoutMnemonic(button()->text()) : set;
+  if (kind == QAccessible::Name) return set.isEmpty() ? withoutMnemonic(button()->text()) : set;
+  if (kind != QAccessible::Description || !Qt::mightBeRichText(set)) return set;
+  // A tip's markup isn't for reading aloud, nor the name a second time.
+  const QString plain = QTextDocumentFragment::fromHtml(set).toPlainText();
+  return plain == text(QAccessible::Name) ? QString() : plain;
 }
 
 QAccessible::State AccessibleToggle::state() const {

@@ -8,6 +8,15 @@
 #include "ui/AccessibleView.h"
 
 namespace tarvel {
+namespace {
+
+void tell(QAccessibleInterface* part, QAccessible::Event kind) {
+  if (!part) return;
+  QAccessibleEvent event(part, kind);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace
 
 AccessibleViewInterface::AccessibleViewInterface(QWidget& widget, AccessibleView& view)
     : QAccessibleWidget(&widget), view_(&view) {
@@ -84,7 +93,8 @@ bool AccessibleViewInterface::isInSight() const {
 
 void AccessibleViewInterface::contentChanged() {
   forgetTree();
-  if (isTelling_ || !isAsked_) return;
+  // A notice is told of before anyone has asked.
+  if (isTelling_ || !(isAsked_ || QAccessible::isActive())) return;
   isTelling_ = true;
   QMetaObject::invokeMethod(
       &turns_, [this] { tellChanges(); }, Qt::QueuedConnection);
@@ -104,10 +114,10 @@ void AccessibleViewInterface::tellChanges() {
     auto* part = static_cast<AccessibleNodeInterface*>(interfaceOf(id));
     if (!part || part->toldName == place->node->name) continue;
     part->toldName = place->node->name;
-    QAccessibleEvent event(part, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&event);
+    tell(part, QAccessible::NameChanged);
   }
   tellAdded();
+  tellNotices();
 }
 
 void AccessibleViewInterface::tellAdded() {
@@ -117,21 +127,32 @@ void AccessibleViewInterface::tellAdded() {
       const QString parent = place->parent;
       // Whoever is told of a part looks for those in it.
       const bool isNew = !told_.contains(place.key()) && (parent.isEmpty() || told_.contains(parent));
-      QAccessibleInterface* part = isNew ? interfaceOf(place.key()) : nullptr;
-      if (!part) continue;
-      QAccessibleEvent event(part, QAccessible::ObjectCreated);
-      QAccessible::updateAccessibility(&event);
+      if (isNew) tell(interfaceOf(place.key()), QAccessible::ObjectCreated);
     }
   }
   told_ = std::move(present);
 }
 
+void AccessibleViewInterface::tellNotices() {
+  if (!QAccessible::isActive()) return;
+  QSet<QString> notices;
+  for (auto place = places_.cbegin(); place != places_.cend(); ++place) {
+    if (place->node->role == QAccessible::Notification) notices.insert(place.key());
+  }
+  const QSet<QString> before = std::exchange(toldNotices_, notices);
+  for (const QString& id : notices - before) {
+    // Readers say what begins to show as a notification; others wait for the alert.
+    tell(interfaceOf(id), QAccessible::ObjectShow);
+    tell(interfaceOf(id), QAccessible::Alert);
+  }
+}
+
 void AccessibleViewInterface::removeInterface(const QString& id) {
   const QAccessible::Id toolkitId = interfaces_.value(id);
-  if (QAccessibleInterface* part = QAccessible::accessibleInterface(toolkitId)) {
-    QAccessibleEvent event(part, QAccessible::ObjectDestroyed);
-    QAccessible::updateAccessibility(&event);
-  }
+  const auto* part = static_cast<AccessibleNodeInterface*>(QAccessible::accessibleInterface(toolkitId));
+  // Whoever is told that a part has gone forgets those in it.
+  if (part && (part->parentId().isEmpty() || placeOf(part->parentId())))
+    tell(QAccessible::accessibleInterface(toolkitId), QAccessible::ObjectDestroyed);
   interfaces_.remove(id);
   QAccessible::deleteAccessibleInterface(toolkitId);
 }
@@ -147,10 +168,7 @@ void AccessibleViewInterface::focusChanged() {
 void AccessibleViewInterface::tellFocus() {
   if (!isValid() || !widget()->hasFocus()) return;
   const QString id = view_->accessibleFocus();
-  QAccessibleInterface* part = id.isEmpty() ? nullptr : interfaceOf(id);
-  if (!part) return;
-  QAccessibleEvent event(part, QAccessible::Focus);
-  QAccessible::updateAccessibility(&event);
+  if (!id.isEmpty()) tell(interfaceOf(id), QAccessible::Focus);
 }
 
 void AccessibleViewInterface::selectionChanged() {
@@ -161,16 +179,10 @@ void AccessibleViewInterface::selectionChanged() {
   for (auto place = places_.cbegin(); place != places_.cend(); ++place) {
     if (place->node->selected) selected.insert(place.key());
   }
-  const auto tell = [this](const QString& id, QAccessible::Event kind) {
-    QAccessibleInterface* part = interfaceOf(id);
-    if (!part) return;
-    QAccessibleEvent event(part, kind);
-    QAccessible::updateAccessibility(&event);
-  };
   const QSet<QString> before = std::exchange(selected_, selected);
-  for (const QString& id : before - selected) tell(id, QAccessible::SelectionRemove);
-  for (const QString& id : selected - before) tell(id, QAccessible::SelectionAdd);
-  if (before != selected) tell(QString(), QAccessible::SelectionWithin);
+  for (const QString& id : before - selected) tell(interfaceOf(id), QAccessible::SelectionRemove);
+  for (const QString& id : selected - before) tell(interfaceOf(id), QAccessible::SelectionAdd);
+  if (before != selected) tell(this, QAccessible::SelectionWithin);
 }
 
 // The view as a whole.

@@ -83,6 +83,8 @@ class AccessibleViewInterface : public QAccessibleWidget, public QAccessibleTabl
   /// Tells of what has come, gone or changed its name since it told last.
   void tellChanges();
   void tellAdded();
+  /// A notice is to be said whatever the listener is at.
+  void tellNotices();
   void tellFocus();
   void removeInterface(const QString& id);
   const AccessibleNode* row(int index) const;
@@ -92,6 +94,7 @@ class AccessibleViewInterface : public QAccessibleWidget, public QAccessibleTabl
   std::optional<AccessibleNode> tree_;
   QHash<QString, Place> places_;  ///< of the parts of the tree
   QSet<QString> told_;            ///< the parts that listeners have been told of
+  QSet<QString> toldNotices_;     ///< those of them that have been said to be new
   QSet<QString> selected_;        ///< those of them that were selected
   bool isAsked_ = false;          ///< someone has seen the tree
   bool isTelling_ = false;        ///< a pass is due

@@ -8,6 +8,8 @@
 #include <QStyleOption>
 #include <QWidget>
 
+#include "ui/Icons.h"
+
 namespace tarvel {
 
 namespace {
@@ -25,6 +27,9 @@ constexpr int kThumbMargin = 3;
 constexpr int kShortestThumb = 32;
 constexpr int kButtonPadding = 12;
 constexpr int kButtonHeight = 28;
+/// What the toolkit calls the button at the end of a menu bar that is too narrow for its menus.
+constexpr QLatin1String kMoreMenus("qt_menubar_ext_button");
+constexpr int kMoreMenusSymbol = 12;
 
 class InterfaceStyle final : public QProxyStyle {
  public:
@@ -50,6 +55,13 @@ class InterfaceStyle final : public QProxyStyle {
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget) const override {
+    const auto* more = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    if (element == CE_ToolButtonLabel && more && widget && widget->objectName() == kMoreMenus) {
+      // The toolkit's own symbol is dark on any surface.
+      QStyleOptionToolButton tinted = *more;
+      tinted.icon = buttonIcon("chevron-right", more->palette.color(QPalette::ButtonText), kMoreMenusSymbol);
+      return QProxyStyle::drawControl(element, &tinted, painter, widget);
+    }
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (element != CE_PushButtonLabel || !button || !isFilled(*button)) {
       return QProxyStyle::drawControl(element, option, painter, widget);

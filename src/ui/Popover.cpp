@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <utility>
 
+#include "ui/AccessibleFactory.h"
 #include "ui/NamedColors.h"
 
 namespace tarvel {
@@ -53,6 +54,7 @@ Popover::Popover(QWidget* content)
   setAttribute(Qt::WA_TranslucentBackground);
   // Or a window that has chosen its own appearance would open popovers in the application's.
   setAttribute(Qt::WA_WindowPropagation);
+  setAccessibleRole(*this, QAccessible::Dialog);
   content_->setParent(this);
   content_->installEventFilter(this);
 }

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <utility>
 
+#include "ui/AccessibleFactory.h"
 #include "ui/ScreenAreas.h"
 #include "ui/SystemAppearance.h"
 
@@ -51,6 +52,7 @@ int asPixels(double length) {
 
 Window::Window(QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags | Qt::Window) {
   allWindows().push_back(this);
+  setAccessibleRole(*this, flags.testFlag(Qt::Dialog) ? QAccessible::Dialog : QAccessible::Window);
   if (const SystemAppearance* system = SystemAppearance::instance()) {
     // The application's palette doesn't reach a window that has one of its own, and the accent may have
     // changed.
