@@ -5,18 +5,15 @@ the first run after the trouble must bring the store up to date.
 """
 
 import argparse
-import ctypes
 import errno
 import os
-import subprocess
 import sys
 import tempfile
 
 import store as s
+from disks import TROUBLES, SmallDisk, may_mount
 
 RINK = 17
-CLONE_NEWNS = 0x20000
-CLONE_NEWUSER = 0x10000000
 RINK_FOLDER = f"rink-{RINK}"
 # One file of each kind, and a temporary file beside some.
 FILES = ["rinks.b1", "defs.b1", s.STATE, s.LOG, f"logos/{RINK}.png", f"{RINK_FOLDER}/main.b1",
@@ -131,49 +128,20 @@ class Disks:
         mount = os.path.join(self.folder, "mount-" + trouble)
         os.mkdir(mount)
         store = os.path.join(mount, "store")
-
-        def mounting(*options):
-            subprocess.run(["mount", *options], check=True, stdout=subprocess.DEVNULL)
-        mounting("-t", "tmpfs", "-o", "size=8m", "none", mount)
+        disk = SmallDisk(mount, trouble)
         try:
             s.copy(self.filled, store)
-            filler = os.path.join(mount, "filler")
-            if trouble == "full":
-                with open(filler, "wb", buffering=0) as file:
-                    try:
-                        while True:
-                            file.write(bytes(4096))
-                    except OSError as error:
-                        assert error.errno == errno.ENOSPC
-            else:
-                mounting("-o", "remount,ro", mount)
+            disk.spoil()
             done = self.spoilt_run(store)
             if b"Unable to save file" not in done.stdout:
                 raise s.Damage("the log has no word of it")
             s.check_current(store, self.old, self.old.keys() & s.entries(self.filled).keys())
-            if trouble == "full":
-                os.remove(filler)
-            else:
-                mounting("-o", "remount,rw", mount)
+            disk.mend()
             self.check_healed(store)
         except s.Damage as damage:
             raise s.Damage(f"{trouble} disk: {damage}") from damage
         finally:
-            subprocess.run(["umount", mount], check=True)
-
-
-def may_mount():
-    """Takes this process into mounts of its own, if the system lets it."""
-    libc = ctypes.CDLL(None, use_errno=True)
-    uid, gid = os.getuid(), os.getgid()
-    if libc.unshare(CLONE_NEWNS if uid == 0 else CLONE_NEWNS | CLONE_NEWUSER) != 0:
-        return False
-    if uid != 0:
-        for name, text in (("setgroups", "deny"), ("uid_map", f"0 {uid} 1"), ("gid_map", f"0 {gid} 1")):
-            with open(f"/proc/self/{name}", "w", encoding="ascii") as file:
-                file.write(text)
-    # Nothing of what is mounted here may be seen outside.
-    return subprocess.run(["mount", "--make-rprivate", "/"], check=False, stderr=subprocess.DEVNULL).returncode == 0
+            disk.unmount()
 
 
 def main():
@@ -196,7 +164,7 @@ def main():
                  for path in paths for kind in kinds][::arguments.swaps]
         s.check_all(disks.swapped, swaps, arguments.jobs)
         print(f"{len(swaps)} things in the place of others: nothing outside changes, and the store heals", flush=True)
-        for trouble in ("full", "read-only") if mounts else ():
+        for trouble in TROUBLES if mounts else ():
             disks.mounted(trouble)
         print("a full and a read-only disk: said, nothing lost, healed" if mounts else
               "a full and a read-only disk: not tried, as this system lets nobody mount", flush=True)

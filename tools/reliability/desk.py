@@ -28,11 +28,13 @@ class Desk(programs.ProgramTest):
         """The checks call what they need one by one."""
 
     def __enter__(self):
+        self.setUpClass()
         self.setUp()
         return self
 
     def __exit__(self, *_):
         self.doCleanups()
+        self.doClassCleanups()
 
     def start_demo(self):
         self.tree = os.path.join(self.folder, "published")
@@ -72,11 +74,7 @@ class Desk(programs.ProgramTest):
         """A run to the end of the refreshes of catalogue and rink, which were made due."""
         self.make_due()
         tarvel = self.start_tarvel()
-        master = "----- performRefresh for master data"
-        for is_begin, end in ((lambda line: line == master, "next master refresh in "),
-                              (lambda line: line.startswith(master[:25]) and line != master, "next refresh for ")):
-            programs.wait_for(lambda b=is_begin, e=end: came_after(tarvel.lines, b, e), end, programs.PATIENCE)
-        programs.wait_for(lambda: unanswered(tarvel.lines) == 0, "all replies", programs.PATIENCE)
+        programs.wait_for(lambda: is_refreshed(tarvel.lines), "the refreshes", programs.PATIENCE)
         self.quit(tarvel)
 
     def check_up_to_date(self):
@@ -108,6 +106,15 @@ def came_after(lines, is_begin, end):
         if begun and line.startswith(end):
             return True
     return False
+
+
+def is_refreshed(lines, rinks=True):
+    """Whether the catalogue, and a rink if wanted, were refreshed and all replies have come."""
+    master = "----- performRefresh for master data"
+    return (came_after(lines, lambda line: line == master, "next master refresh in ")
+            and (not rinks or came_after(lines, lambda line: line.startswith(master[:25]) and line != master,
+                                         "next refresh for "))
+            and unanswered(lines) == 0)
 
 
 def unanswered(lines):

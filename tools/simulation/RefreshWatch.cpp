@@ -55,9 +55,13 @@ void RefreshWatch::requested(const std::string& url) {
   if (!index || anytime_) return;
   const std::string key = whoAsks(url);
   const auto found = watched_.find(key);
-  const bool due =
-      found != watched_.end() && found->second.dueAt && world_.seconds() >= *found->second.dueAt - kTolerance;
-  if (!due) alarms_.ring(Alarm::interval, key + " is asked for before its time");
+  const double now = world_.seconds();
+  const bool known = found != watched_.end();
+  const bool due = known && found->second.dueAt && now >= *found->second.dueAt - kTolerance;
+  const bool returned =
+      known && found->second.waitsForConnection && returnDue_ && now >= *returnDue_ - kTolerance;
+  if (known) found->second.lastAsked = now;
+  if (!due && !returned) alarms_.ring(Alarm::interval, key + " is asked for before its time");
 }
 
 void RefreshWatch::checkOne(const std::string& key, Whose whose, const RefreshState& state,
@@ -65,6 +69,8 @@ void RefreshWatch::checkOne(const std::string& key, Whose whose, const RefreshSt
   Watched& watched = watched_[key];
   const bool hasTimer = secondsLeft != kNoTimer;
   watched.inProgress = state.refreshInProgress;
+  watched.waitsForConnection =
+      hasTimer && !state.refreshInProgress && state.errorKind == DownloadErrorKind::connectionError;
   if (!hasTimer) {
     watched.dueAt.reset();
     if (!state.refreshInProgress && !mayRest) alarms_.ring(Alarm::timers, key + " waits without a timer");
@@ -81,7 +87,36 @@ void RefreshWatch::checkOne(const std::string& key, Whose whose, const RefreshSt
   }
 }
 
+void RefreshWatch::networkCameBack() {
+  constexpr double kToSettle = 2.0, kLeastBetween = 30.0;
+  checkReturn();  // an earlier one may have passed with nobody waiting for it
+  const double settled = world_.seconds() + kToSettle;
+  if (!returnDue_) returnDue_ = std::max(settled, lastReturn_.value_or(-kLeastBetween) + kLeastBetween);
+}
+
+/// Holds what waited for a connection at the last check to the network's return.
+void RefreshWatch::checkReturn() {
+  const double now = world_.seconds();
+  const bool waiting = program_.networkReturn.isWaiting();
+  if (waiting && !returnDue_) alarms_.ring(Alarm::interval, "a return of the network that there wasn't");
+  if (!returnDue_ || (waiting && now < *returnDue_ + kTolerance)) return;
+  if (waiting) {
+    if (!overdue_) overdue_ = now;
+    if (now > *overdue_ + kTolerance) alarms_.ring(Alarm::interval, "the network's return is passed over");
+    return;
+  }
+  if (now < *returnDue_ - kTolerance) alarms_.ring(Alarm::interval, "the network's return is hurried");
+  lastReturn_ = overdue_.value_or(*returnDue_);
+  for (const auto& [key, watched] : watched_) {
+    if (watched.waitsForConnection && std::abs(watched.lastAsked - *lastReturn_) > kTolerance)
+      alarms_.ring(Alarm::interval, key + " isn't tried in time when the network is back");
+  }
+  returnDue_.reset();
+  overdue_.reset();
+}
+
 void RefreshWatch::check(std::size_t flights) {
+  checkReturn();
   DataModel& model = program_.model;
   std::size_t timers = program_.ownTimers() + flights;
   const double masterLeft = model.secondsUntilRefresh();

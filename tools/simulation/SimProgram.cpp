@@ -19,7 +19,8 @@ SimProgram::SimProgram(const Services& services)
                              kErrorLogPermissions)),
       clock(services),
       model(services, *log, clock, kStore, catalogueServer(false)),
-      master(services, model) {
+      master(services, model),
+      networkReturn(services, model) {
   log->delegate = this;
 }
 
@@ -83,7 +84,7 @@ void SimProgram::autoSave() {
 void SimProgram::saveState() {
   PropertyList::Dictionary state;
   model.addToState(state);
-  if (const Status saved = stateFile_.write(state); !saved) {
+  if (const Status saved = stateFile_.write(std::move(state)); !saved) {
     log->addMessage("Unable to save file: " + stateFile_.path() + " -- " + saved.error().description);
   }
 }
@@ -94,7 +95,7 @@ void SimProgram::saveLog() {
 
 std::size_t SimProgram::ownTimers() const {
   return std::size_t{freesMemory_} + std::size_t{log->savePending()} +
-         std::size_t{autoSave_ && autoSave_->isWaiting()};
+         std::size_t{autoSave_ && autoSave_->isWaiting()} + std::size_t{networkReturn.isWaiting()};
 }
 
 }  // namespace tarvel::sim

@@ -5,6 +5,7 @@
 #include "foundation/AutoSaveController.h"
 #include "foundation/Services.h"
 #include "refresh/MasterRefresh.h"
+#include "refresh/NetworkReturn.h"
 
 namespace tarvel::sim {
 
@@ -40,6 +41,7 @@ class SimProgram : public AutoSaveDelegate, public MessageLogDelegate {
   ClockTimer clock;
   DataModel model;
   MasterRefresh master;
+  NetworkReturn networkReturn;
 
  private:
   std::unique_ptr<AutoSaveController> autoSave_;

@@ -69,6 +69,7 @@ Simulation::Simulation(const SimulationOptions& options)
   addDiskSources();
   addMachineSources();
   addUserSources();
+  addNetworkSources();
 }
 
 Simulation::~Simulation() {

@@ -70,6 +70,7 @@ class Simulation {
   void addDiskSources();
   void addMachineSources();
   void addUserSources();
+  void addNetworkSources();
   void draw(Source& source);
   double rate(FaultClass faultClass) const { return rates_.of(faultClass); }
 

@@ -158,6 +158,23 @@ void Simulation::addMachineSources() {
   });
 }
 
+/// The machine itself is cut off now and then, and is told when it no longer is; a bad connection comes and
+/// goes.
+void Simulation::addNetworkSources() {
+  addSource(rate(FaultClass::outage), [this](SeededRandom& random) {
+    const double until = world_.seconds() + between(random, 10.0, 3 * kHour);
+    for (std::size_t group = 0; group < SimNetwork::kGroups; ++group) network_.failGroup(group, until);
+    sources_.back().next = until;
+  });
+  addSource(0.0, [this](SeededRandom& random) {
+    constexpr double kNever = std::numeric_limits<double>::infinity();
+    sources_.back().next = random.chance(0.5) ? kNever : world_.seconds() + between(random, 0.0, 60.0);
+    if (!program_) return;
+    refreshes_->networkCameBack();
+    program_->networkReturn.networkCameBack();
+  });
+}
+
 void Simulation::addUserSources() {
   addSource(kLooksPerDay, [this](SeededRandom&) { asUser([](SimUser& user) { user.lookAround(); }); });
   addSource(kActionsPerDay, [this](SeededRandom&) { asUser([](SimUser& user) { user.act(); }); });

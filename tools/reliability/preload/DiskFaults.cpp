@@ -23,9 +23,11 @@
 ///   TARVEL_FAULTS_TRACE   a file outside of the folder, to which a line is added for each call
 ///   TARVEL_FAULTS_KILL    number of the call, from 1, before which the program is killed
 ///   TARVEL_FAULTS_TEAR    if set: where that call writes, half of it is written first
-///   TARVEL_FAULTS_FAIL    errno with which calls fail, as a number; the kinds of calls that fail so on a
-///   disk TARVEL_FAULTS_FROM    first call that fails, from 1 TARVEL_FAULTS_TO      last call that fails;
-///   none for all TARVEL_FAULTS_CLUMSY  if set: each write is interrupted first, and then writes half
+///   TARVEL_FAULTS_CHANGES if set: only calls that change the disk are counted and disturbed
+///   TARVEL_FAULTS_FAIL    errno with which calls fail, as a number; of the kinds that fail so on a disk
+///   TARVEL_FAULTS_FROM    first call that fails, from 1
+///   TARVEL_FAULTS_TO      last call that fails; none for all
+///   TARVEL_FAULTS_CLUMSY  if set: each write is interrupted first, and then writes half
 ///
 /// Calls are made to the kernel itself, so it doesn't matter which library asked for them. A folder's listing
 /// counts by its opening alone.
@@ -49,6 +51,7 @@ struct Plan {
   int trace = -1;
   long kill = numberOf("TARVEL_FAULTS_KILL", 0);
   bool tear = variable("TARVEL_FAULTS_TEAR") != nullptr;
+  bool changesOnly = variable("TARVEL_FAULTS_CHANGES") != nullptr;
   int fail = static_cast<int>(numberOf("TARVEL_FAULTS_FAIL", 0));
   long from = numberOf("TARVEL_FAULTS_FROM", 1);
   long to = numberOf("TARVEL_FAULTS_TO", LONG_MAX);
@@ -110,6 +113,7 @@ template <class Tear>
 bool disturb(Kind kind, const std::string& path, Tear tear) {
   if (!concerns(path)) return false;
   Plan& p = plan();
+  if (p.changesOnly && (kind == Kind::look || kind == Kind::read)) return false;
   const long call = ++p.calls;
   if (p.trace >= 0) {
     const std::string line =
