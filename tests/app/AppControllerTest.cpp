@@ -9,6 +9,7 @@
 #include "simulation/ports/SimServices.h"
 #include "support/PublishedSite.h"
 #include "support/RecordingSoundPlayer.h"
+#include "support/RecordingWorkspace.h"
 
 namespace tarvel {
 namespace {
@@ -21,13 +22,6 @@ constexpr const char* kStore = "/data/Tarvel";
 constexpr const char* kStateFile = "/data/Tarvel/appState.plist";
 constexpr const char* kTodayClass = "TodayWindowController";
 constexpr const char* kLogClass = "LogWindowController";
-
-class NoWorkspace : public Workspace {
- public:
-  bool openUrl(const std::string&) override { return false; }
-  bool openLocation(double, double) override { return false; }
-  std::unique_ptr<Subscription> onWake(std::function<void()>) override { return nullptr; }
-};
 
 WindowKinds fakeKinds() {
   const auto kind = [](const char* name, WindowKind::ComesBack comesBack) {
@@ -88,7 +82,7 @@ class AppControllerTest : public testing::Test {
 
   SimServices sim_;
   PublishedSite site_ = PublishedSite::sample();
-  NoWorkspace workspace_;
+  RecordingWorkspace workspace_;
   ObserverCensus census_;
   RecordingSoundPlayer sounds_;
   std::unique_ptr<AppController> app_;
@@ -147,20 +141,17 @@ TEST_F(AppControllerTest, WindowsComeBackInTheirStackingOrder) {
 
 using AppControllerDeathTest = AppControllerTest;
 
-TEST_F(AppControllerDeathTest, AnOpenWindowWithoutItsClassStopsTheProgram) {
-  storeState({{"openWindows", Array{Dictionary{{"mark", "a"}}}}});
-  EXPECT_DEATH(launch(), "Fatal error");
-}
-
-TEST_F(AppControllerDeathTest, InconsistentNumbersStopItBeforeAnythingIsRead) {
-  const auto start = [this] {
+TEST_F(AppControllerDeathTest, WhatStopsTheProgramAtItsStart) {
+  const auto startInconsistent = [this] {
     AppSetup wrong = setup();
     wrong.info.localizedVersion = "6.0.9";
     sim_.disk.failOperation(1, MemoryFileSystem::Repeat::forEver, {MemoryFileSystem::Operation::read, ""});
     AppController controller(wrong);
     controller.applicationWillFinishLaunching();
   };
-  EXPECT_DEATH(start(), "Fatal error.*inconsistent versions");
+  EXPECT_DEATH(startInconsistent(), "Fatal error.*inconsistent versions") << "before anything is read";
+  storeState({{"openWindows", Array{Dictionary{{"mark", "a"}}}}});
+  EXPECT_DEATH(launch(), "Fatal error") << "an open window without its class";
 }
 
 TEST_F(AppControllerTest, QuitsInOrderAndOnce) {

@@ -12,19 +12,9 @@
 #include "simulation/ports/SimServices.h"
 #include "support/PublishedSite.h"
 #include "support/RecordingSoundPlayer.h"
+#include "support/RecordingWorkspace.h"
 
 namespace tarvel {
-
-class RecordingWorkspace : public Workspace {
- public:
-  bool openUrl(const std::string& url) override {
-    opened.push_back(url);
-    return true;
-  }
-  bool openLocation(double, double) override { return false; }
-  std::unique_ptr<Subscription> onWake(std::function<void()>) override { return nullptr; }
-  std::vector<std::string> opened;
-};
 
 /// The whole application, with its own windows, on virtual time and a simulated network.
 class AppWorld : public testing::Test {

@@ -6,24 +6,14 @@
 #include <QTest>
 
 #include "simulation/ports/SimWorld.h"
+#include "support/RecordingWorkspace.h"
 
 namespace tarvel {
 namespace {
 
-struct WakingWorkspace : Workspace {
-  struct Sub : Subscription {};
-  bool openUrl(const std::string&) override { return false; }
-  bool openLocation(double, double) override { return false; }
-  std::unique_ptr<Subscription> onWake(std::function<void()> handler) override {
-    wake = std::move(handler);
-    return std::make_unique<Sub>();
-  }
-  std::function<void()> wake;
-};
-
 TEST(CursorHider, HidesWhenNobodyTouchesTheMachineAndShowsAtAMove) {
   SimWorld world;
-  WakingWorkspace workspace;
+  RecordingWorkspace workspace;
   CursorHider hider(world.mainLoop(), workspace);
   QWidget view;
   view.setMouseTracking(true);

@@ -52,22 +52,17 @@ TEST_F(DBusApplicationTest, TakesTheCallsOfALauncher) {
   const auto app = application();
   const QVariantMap x11{{"desktop-startup-id", "id_TIME7"}};
   const QVariantMap wayland{{"activation-token", "token"}, {"unknown", 1}};
-  const struct {
-    QString method;
-    QVariantList arguments;
-    QString heard;
-    QString error;
-  } cases[] = {
+  const std::tuple<QString, QVariantList, QString, QString> cases[] = {
       {"Activate", {x11}, "activate id_TIME7 ", ""},
       {"Open", {QStringList{"file:///a"}, wayland}, "activate  token", ""},
       {"ActivateAction", {"today-window", QVariantList(), wayland}, "today  token", ""},
       {"ActivateAction", {"format-disk", QVariantList(), x11}, "", "org.freedesktop.DBus.Error.InvalidArgs"},
       {"Activate", {1}, "", "org.freedesktop.DBus.Error.UnknownMethod"},
   };
-  for (const auto& c : cases) {
+  for (const auto& [member, given, text, error] : cases) {
     heard.clear();
-    EXPECT_EQ(call(c.method, c.arguments).errorName(), c.error);
-    EXPECT_EQ(heard.join("|"), c.heard);
+    EXPECT_EQ(call(member, given).errorName(), error);
+    EXPECT_EQ(heard.join("|"), text);
   }
 }
 
@@ -89,21 +84,17 @@ TEST_F(DBusApplicationTest, TheNameIsTheFirstOnesAndGoesWithIt) {
 }
 
 TEST(StartupNotice, ALineBringsBackWhatItWasMadeOf) {
-  const struct {
-    StartupNotice given;
-    StartupNotice taken;
-  } cases[] = {{{"id_TIME7", "token"}, {"id_TIME7", "token"}},
-               {{"", "token"}, {"", "token"}},
-               {{"id", ""}, {"id", ""}},
-               {{"i\td", "tok\nen"}, {"", ""}}};
-  for (const auto& c : cases) {
-    const StartupNotice notice = StartupNotice::ofLine(c.given.line());
-    EXPECT_EQ(notice.startupId, c.taken.startupId);
-    EXPECT_EQ(notice.activationToken, c.taken.activationToken);
+  const std::pair<StartupNotice, StartupNotice> cases[] = {{{"id_TIME7", "token"}, {"id_TIME7", "token"}},
+                                                           {{"", "token"}, {"", "token"}},
+                                                           {{"id", ""}, {"id", ""}},
+                                                           {{"i\td", "tok\nen"}, {"", ""}}};
+  for (const auto& [given, taken] : cases) {
+    const StartupNotice notice = StartupNotice::ofLine(given.line());
+    EXPECT_EQ(notice.startupId, taken.startupId);
+    EXPECT_EQ(notice.activationToken, taken.activationToken);
   }
-  for (const char* strange : {"", "\n", "one\n", "a\tb\tc\n"}) {
+  for (const char* strange : {"", "\n", "one\n", "a\tb\tc\n"})
     EXPECT_EQ(StartupNotice::ofLine(strange).startupId, "") << strange;
-  }
 }
 
 }  // namespace

@@ -18,28 +18,22 @@ class MenusTest : public AppWorld {
  protected:
   static std::string frontClass() { return frontController().className(); }
   static QMenu* menu(const QString& title, Window& window = front()) {
-    for (const QAction* action : MenuBar::of(window)->actions()) {
+    for (const QAction* action : MenuBar::of(window)->actions())
       if (action->text().remove('&') == title) return action->menu();
-    }
     return nullptr;
   }
-  /// Opens the menu of the front window, looks for the item, and closes the menu again.
-  QAction* item(const QString& menuTitle, const QString& title) {
+  /// "on" or "off", and " x" if it is checked, as the front window's opened menu has it.
+  static QString stateOf(const QString& menuTitle, const QString& title) {
     QMenu* found = menu(menuTitle);
-    if (!found) return nullptr;
+    if (!found) return {};
     found->popup({});
-    QAction* result = nullptr;
-    for (QAction* action : found->actions()) {
-      if (action->text() == title) result = action;
+    QString state;
+    for (const QAction* action : found->actions()) {
+      if (action->text() != title) continue;
+      state = QString("%1%2").arg(action->isEnabled() ? "on" : "off", action->isChecked() ? " x" : "");
     }
-    state_ = result ? QString("%1%2").arg(result->isEnabled() ? "on" : "off", result->isChecked() ? " x" : "")
-                    : "";
     found->close();
-    return result;
-  }
-  QString stateOf(const QString& menuTitle, const QString& title) {
-    item(menuTitle, title);
-    return state_;
+    return state;
   }
   /// As a user does it with the mouse.
   void choose(const QString& menuTitle, const QString& title) {
@@ -60,17 +54,11 @@ class MenusTest : public AppWorld {
     QTest::keyClick(&front(), key, modifiers);
     settle();
   }
-
-  QString state_;
 };
 
 TEST_F(MenusTest, EachWindowOpensOnceAndComesToTheFront) {
   app_->toggleDebugMenu();
-  const struct {
-    const char* menu;
-    const char* item;
-    const char* className;
-  } cases[] = {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"Tarvel", "Server Address…", "TarvelURLWindowController"},
       {"Debug", "Debug Window", "DebugWindowController"},
       {"Debug", "Error Log Window", "LogWindowController"},
@@ -82,12 +70,12 @@ TEST_F(MenusTest, EachWindowOpensOnceAndComesToTheFront) {
       {"Window", "Today Window", "TodayWindowController"},
   };
   EXPECT_EQ(stateOf("Window", "Main Window"), "off") << "it is in front";
-  for (const auto& c : cases) {
+  for (const auto& [title, command, opened] : cases) {
     ASSERT_NE(MenuBar::of(front()), nullptr);
-    EXPECT_EQ(stateOf(c.menu, c.item), "on") << c.item;
-    choose(c.menu, c.item);
-    EXPECT_EQ(frontClass(), c.className) << c.item;
-    EXPECT_EQ(windowsOf(c.className), 1U) << c.item;
+    EXPECT_EQ(stateOf(title, command), "on") << command;
+    choose(title, command);
+    EXPECT_EQ(frontClass(), opened) << command;
+    EXPECT_EQ(windowsOf(opened), 1U) << command;
   }
   EXPECT_EQ(stateOf("Window", "Today Window"), "off");
   gDataModel->rinkList.clear();

@@ -1,11 +1,11 @@
-#include "app/MorvAppController.h"
-
 #include <gtest/gtest.h>
 
 #include <QApplication>
 
 #include "FakeWindows.h"
+#include "app/ClassRegistry.h"
 #include "app/Globals.h"
+#include "app/MorvAppController.h"
 #include "simulation/ports/SimServices.h"
 
 namespace tarvel {
@@ -186,6 +186,32 @@ TEST_F(MorvAppControllerTest, ClosingAllAsksEachWindow) {
   app_.closeAllWindows();
   ASSERT_EQ(app_.windowControllers.size(), 1U);
   EXPECT_EQ(app_.windowControllers.front().get(), &stubborn);
+}
+
+TEST(SettingsForClassNameTest, OwnThenAnAncestors) {
+  ClassRegistry classes;
+  classes.add("Root", "");
+  classes.add("Loading", "Root");
+  classes.add("Main", "Loading");
+  classes.add("Log", "Root");
+  // mark: empty for none
+  const std::tuple<const char*, std::vector<const char*>, const char*, const char*> cases[] = {
+      {"its own", {"Loading", "Main"}, "Main", "Main"},
+      {"its own, of a class that is unknown", {"Old"}, "Old", "Old"},
+      {"an ancestor's", {"Loading"}, "Main", "Loading"},
+      {"the first ancestor's by name", {"Loading", "Root"}, "Main", "Loading"},
+      {"not a descendant's", {"Main"}, "Loading", ""},
+      {"not a sibling's", {"Log"}, "Main", ""},
+      {"none for an unknown class", {"Loading"}, "Stranger", ""},
+      {"an unknown class is nobody's ancestor", {"Old", "Root"}, "Log", "Root"},
+      {"none at all", {}, "Main", ""},
+  };
+  for (const auto& [what, names, asked, mark] : cases) {
+    PropertyList::Dictionary stored;
+    for (const char* name : names) stored[name] = PropertyList::Dictionary{{"mark", name}};
+    const auto* found = settingsForClassName(stored, classes, asked);
+    EXPECT_EQ(found ? textAt(*found, "mark") : "", mark) << what;
+  }
 }
 
 }  // namespace

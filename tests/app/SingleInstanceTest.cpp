@@ -1,13 +1,13 @@
-#include "app/SingleInstance.h"
-
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QThread>
 #include <atomic>
-#include <filesystem>
+#include <csignal>
 #include <memory>
 
+#include "app/QuitSignals.h"
+#include "app/SingleInstance.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "support/TempFolder.h"
 
@@ -59,21 +59,6 @@ TEST_F(SingleInstanceTest, ASecondStartIsHandedOver) {
   EXPECT_EQ(claimFromOutside(folder_.path() + "/other"), Outcome::first) << "another store";
 }
 
-TEST_F(SingleInstanceTest, WhatACrashLeavesIsNoCopyThatRuns) {
-  const auto crash = [this] {
-    SingleInstance doomed;
-    if (doomed.claim(files_, store()) == Outcome::first) std::_Exit(7);
-  };
-  EXPECT_EXIT(crash(), testing::ExitedWithCode(7), "");
-  SingleInstance next;
-  int shown = 0;
-  next.showYourself = [&shown](const StartupNotice&) { ++shown; };
-  ASSERT_EQ(next.claim(files_, store()), Outcome::first);
-  EXPECT_EQ(claimFromOutside(store()), Outcome::handedOver) << "the name of the socket is in use again";
-  QCoreApplication::processEvents();
-  EXPECT_EQ(shown, 1);
-}
-
 TEST_F(SingleInstanceTest, OneThatQuitsHandsTheStoreOn) {
   auto first = std::make_unique<SingleInstance>();
   ASSERT_EQ(first->claim(files_, store()), Outcome::first);
@@ -84,6 +69,17 @@ TEST_F(SingleInstanceTest, OneThatQuitsHandsTheStoreOn) {
 TEST_F(SingleInstanceTest, AStoreThatCanNotBeMadeIsNobodys) {
   SingleInstance instance;
   EXPECT_EQ(instance.claim(files_, "/proc/nowhere/Tarvel"), Outcome::first);
+}
+
+TEST(QuitSignalsDeathTest, TheDefaultComesBack) {
+  EXPECT_EXIT(
+      {
+        {
+          const QuitSignals catcher([] {});
+        }
+        std::raise(SIGTERM);
+      },
+      testing::KilledBySignal(SIGTERM), "");
 }
 
 }  // namespace

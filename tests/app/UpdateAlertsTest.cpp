@@ -1,7 +1,12 @@
+#include <gtest/gtest.h>
+
 #include <QPushButton>
 
 #include "AppWorld.h"
+#include "app/AppInfo.h"
+#include "app/Version.h"
 #include "auxwindows/AlertPanelWindowController.h"
+#include "simulation/ports/RecordingConsole.h"
 #include "support/Encoded.h"
 
 namespace tarvel {
@@ -31,9 +36,8 @@ class UpdateAlertsTest : public AppWorld {
     settle();
   }
   AlertPanelWindowController* panel() {
-    for (const Window* window : Window::orderedWindows()) {
+    for (const Window* window : Window::orderedWindows())
       if (auto* found = dynamic_cast<AlertPanelWindowController*>(window->delegate())) return found;
-    }
     return nullptr;
   }
   Lines titles() {
@@ -51,31 +55,18 @@ class UpdateAlertsTest : public AppWorld {
 };
 
 TEST_F(UpdateAlertsTest, ButtonsAndTheirResults) {
+  const Lines inDays = {"Visit App Website", "Remind Me in 4 Days"};
+  const Lines tomorrow = {"Visit App Website", "Remind Me Tomorrow"};
+  const Lines ofBeta = {"Visit App Website", "Skip This Beta Cycle", "Remind Me in 4 Days"};
   const struct {
-    PackedVersion minimum;
-    PackedVersion beta;
+    PackedVersion minimum, beta;
     Lines buttons;
     std::size_t pressed;
     Lines opened;
     PackedVersion skipped;  ///< afterwards
-  } cases[] = {
-      {0, 0, {"Visit App Website", "Remind Me in 4 Days"}, 0, {"https://new/"}, 7},
-      {0, 0, {"Visit App Website", "Remind Me in 4 Days"}, 1, {}, 7},
-      {kNew, 0, {"Visit App Website", "Remind Me Tomorrow"}, 1, {}, 7},
-      {0,
-       kBeta,
-       {"Visit App Website", "Skip This Beta Cycle", "Remind Me in 4 Days"},
-       0,
-       {"https://beta/"},
-       7},
-      {0, kBeta, {"Visit App Website", "Skip This Beta Cycle", "Remind Me in 4 Days"}, 2, {}, 0},
-      {0,
-       kBeta,
-       {"Visit App Website", "Skip This Beta Cycle", "Remind Me in 4 Days"},
-       1,
-       {},
-       packedVersion(6, 4, 0)},
-  };
+  } cases[] = {{0, 0, inDays, 0, {"https://new/"}, 7}, {0, 0, inDays, 1, {}, 7},
+               {kNew, 0, tomorrow, 1, {}, 7},          {0, kBeta, ofBeta, 0, {"https://beta/"}, 7},
+               {0, kBeta, ofBeta, 2, {}, 0},           {0, kBeta, ofBeta, 1, {}, packedVersion(6, 4, 0)}};
   for (const auto& c : cases) {
     publish(c.minimum, c.beta, "https://new/");
     app_->skipBetaCycle = 7;
@@ -146,6 +137,53 @@ TEST_F(UpdateAlertsTest, AddressesThatLeadNowhere) {
     EXPECT_EQ(gDataModel->errorKind(), DownloadErrorKind::connectionError) << address;
     EXPECT_NE(gDataModel->errorLog().find("no such host"), std::string::npos) << address;
     EXPECT_GT(gDataModel->secondsUntilRefresh(), 500.0) << "it waits before it tries again: " << address;
+  }
+}
+
+TEST(VersionTest, TextsAndOrder) {
+  struct Case {
+    PackedVersion version;
+    const char* text;
+  };
+  // Ascending: a version compares as an integer, and a beta stands behind the final release of its numbers.
+  const std::vector<Case> cases = {
+      {packedVersion(0, 0, 0), "0.0.0"},   {packedVersion(6, 0, 65535), "6.0.65535"},
+      {packedVersion(6, 1, 0), "6.1.0"},   {packedVersion(6, 1, 0, 2), "6.1.0 Beta 2"},
+      {packedVersion(6, 1, 1), "6.1.1"},   {packedVersion(6, 12, 0), "6.12.0"},
+      {packedVersion(10, 0, 0), "10.0.0"},
+  };
+  for (std::size_t i = 0; i < cases.size(); ++i) {
+    EXPECT_EQ(versionText(cases[i].version), cases[i].text);
+    if (i > 0) {
+      EXPECT_LT(cases[i - 1].version, cases[i].version) << cases[i].text;
+    }
+  }
+}
+
+TEST(VersionTest, KernelReleases) {
+  const std::pair<const char*, const char*> cases[] = {{"6.1.0-18-amd64", "6.1.0"},
+                                                       {"5.15.153.1-generic", "5.15.153"},
+                                                       {"6.8", "6.8.0"},
+                                                       {"6.8-rc1", "6.8.0"},
+                                                       {"", "0.0.0"},
+                                                       {"linux", "0.0.0"},
+                                                       {"6.99999.1", "6.65535.1"},
+                                                       {"99999999999999999999.1", "65535.1.0"}};
+  for (const auto& [release, text] : cases)
+    EXPECT_EQ(versionText(packedSystemVersion(release)), text) << release;
+  EXPECT_GT(systemVersion(), packedVersion(2, 0, 0));
+}
+
+TEST(AppInfoTest, OnlyADisagreementIsTold) {
+  for (const AppInfo& info : {kAppInfo, AppInfo{"Tarvel", "6.1.1", "Tarvel", "6.1.1"},
+                              AppInfo{"Tarvel", "6.1.0", "Tarvel", "6.0.9"}}) {
+    RecordingConsole console;
+    const bool agree = info.localizedVersion == "6.1.0";
+    EXPECT_EQ(versionsAgree(info, kAppVersion, console), agree);
+    const std::vector<std::string> told = {
+        "version mismatch", "   version           = " + std::string(info.version),
+        "   localized version = " + std::string(info.localizedVersion), "   kAppVersion       = 6.1.0"};
+    EXPECT_EQ(console.lines(), agree ? std::vector<std::string>{} : told);
   }
 }
 

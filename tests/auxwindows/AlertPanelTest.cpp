@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QPushButton>
 #include <QTest>
 
@@ -29,22 +26,17 @@ class AlertPanelTest : public testing::Test {
 
 TEST_F(AlertPanelTest, FitsItsTextsAndKeepsItsButtonsAtTheRight) {
   const std::string longText(2000, 'm');
-  const struct {
-    const char* message;
-    std::string info;
-    const char* shown;
-    double width;
-  } cases[] = {
+  const std::tuple<const char*, std::string, const char*, double> cases[] = {
       {"Title", "Text", "Title\n\nText", 400},
       {"", "Text", "Text", 400},
       {"Title", "", "Title", 400},
       {"", "", "", 400},
       {"Title", longText, nullptr, 0},
   };
-  for (const auto& c : cases) {
+  for (const auto& [message, info, shown, panelWidth] : cases) {
     AlertPanelWindowController panel(world_.context);
-    panel.message = c.message;
-    panel.info = c.info;
+    panel.message = message;
+    panel.info = info;
     panel.badge = AlertBadge::warning;
     panel.addButton("OK");
     panel.addButton("Another");
@@ -63,13 +55,19 @@ TEST_F(AlertPanelTest, FitsItsTextsAndKeepsItsButtonsAtTheRight) {
     EXPECT_GE(first.width(), 80);
     EXPECT_EQ(second.geometry().right() + 1, first.x() - 8);
     EXPECT_LE(text.bottom(), first.y());
-    if (c.shown) {
-      EXPECT_EQ(panel.messageView().text().plainText(), c.shown);
-      EXPECT_EQ(frame.width, c.width);
+    if (shown) {
+      EXPECT_EQ(panel.messageView().text().plainText(), shown);
+      EXPECT_EQ(frame.width, panelWidth);
     } else {
       EXPECT_LE(text.width(), 600);
       EXPECT_GT(text.height(), 300);
     }
+    setTextScale(1.5);
+    QApplication::processEvents();
+    const AlertMessageView& grown = panel.messageView();
+    EXPECT_GE(grown.height(), boundingRect(grown.text(), {double(grown.width()), 0.0}, TextFit::wrap).height);
+    EXPECT_EQ(panel.window()->frame().height, grown.height() + 105.0);
+    setTextScale(1.0);
   }
 }
 

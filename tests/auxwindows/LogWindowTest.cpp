@@ -69,6 +69,10 @@ TEST_F(LogWindowTest, FollowsItsLog) {
   add(497);
   EXPECT_EQ(window_->countField().text(), "500 messages");
   EXPECT_EQ(view().height(), 500 * 18 + 6);
+  setTextScale(1.5);
+  QGuiApplication::processEvents();
+  EXPECT_EQ(view().height(), 500 * 27 + 6);
+  setTextScale(1.0);
   window_->clearButton().click();
   world_.runUntilIdle();
   EXPECT_EQ(window_->countField().text(), "No messages");

@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QScrollBar>
 
 #include "auxwindows/CautionPopoverViewController.h"
@@ -74,11 +71,9 @@ TEST_F(RefreshPopoverTest, TextsTellHowTheThingStands) {
   const Instant now = world_.sim.world.now();
   const struct {
     double next;
-    const char* lastText;
-    const char* nextText;
+    const char *lastText, *nextText;
     std::optional<Instant> stamp;
-    bool inProgress;
-    bool frequent;
+    bool inProgress, frequent;
   } cases[] = {
       {-1.0, "Never", "", {}, false, false},
       {301.0, "59 sec ago", "5 minutes", now - 59.5, false, true},

@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -58,12 +55,8 @@ TEST_F(TarvelURLWindowTest, MessagesFollowTheCommittedAddress) {
 
 TEST_F(TarvelURLWindowTest, OnlyEnterTakesTheAddressOver) {
   enum class By { enterButton, returnKey, cancelButton, escapeKey };
-  const struct {
-    const char* typed;
-    By by;
-    const char* server;  ///< null for that of before
-    bool closes;
-  } cases[] = {
+  // taken: null for that of before
+  const std::tuple<const char*, By, const char*, bool> cases[] = {
       {" http://new/ ", By::enterButton, "http://new/", true},
       {"http://new", By::returnKey, "http://new", true},
       {"http://new", By::cancelButton, nullptr, true},
@@ -72,20 +65,20 @@ TEST_F(TarvelURLWindowTest, OnlyEnterTakesTheAddressOver) {
       {"  ", By::returnKey, nullptr, false},
       {"no address", By::returnKey, "no address", true},
   };
-  for (const auto& c : cases) {
+  for (const auto& [typed, by, taken, closes] : cases) {
     ScheduleWorld world;
     TarvelURLWindowController window(world.context);
     window.showWindow();
     QApplication::setActiveWindow(window.window());
     window.urlField().selectAll();
-    window.urlField().insert(QString::fromUtf8(c.typed));
-    if (c.by == By::enterButton) window.enterButton().click();
-    if (c.by == By::returnKey) QTest::keyClick(&window.urlField(), Qt::Key_Return);
-    if (c.by == By::cancelButton) window.cancelButton().click();
-    if (c.by == By::escapeKey) QTest::keyClick(&window.urlField(), Qt::Key_Escape);
-    EXPECT_EQ(world.dataModel.tarvelServerURL, c.server ? c.server : before_) << c.typed;
-    EXPECT_EQ(!world.application.removed.empty(), c.closes) << c.typed;
-    EXPECT_EQ(world.refresher.refreshes, c.server ? 1 : 0) << c.typed;
+    window.urlField().insert(QString::fromUtf8(typed));
+    if (by == By::enterButton) window.enterButton().click();
+    if (by == By::returnKey) QTest::keyClick(&window.urlField(), Qt::Key_Return);
+    if (by == By::cancelButton) window.cancelButton().click();
+    if (by == By::escapeKey) QTest::keyClick(&window.urlField(), Qt::Key_Escape);
+    EXPECT_EQ(world.dataModel.tarvelServerURL, taken ? taken : before_) << typed;
+    EXPECT_EQ(!world.application.removed.empty(), closes) << typed;
+    EXPECT_EQ(world.refresher.refreshes, taken ? 1 : 0) << typed;
   }
   window_.enterButton().click();
   EXPECT_EQ(world_.application.removed.size(), 1U);

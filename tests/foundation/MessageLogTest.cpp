@@ -110,5 +110,18 @@ TEST_F(MessageLogTest, AFailedSaveLeavesTheOldFileAndIsTriedAgainWithTheNextChan
   EXPECT_EQ(textsOf(*makeLog()), (Texts{"old", "more", "again"}));
 }
 
+TEST_F(MessageLogTest, AClearedLogIsAnnouncedAndItsFileEmptiedAMinuteLater) {
+  writeFile(encoded(1, 1, sim.world.now(), "of the last run"));
+  const NotificationRecorder recorder(sim.notifications, sim.world);
+  const auto log = makeLog();
+  log->clear();
+  EXPECT_EQ(textsOf(*log), Texts{});
+  sim.world.runFor(59);
+  EXPECT_EQ(recorder.count(kMessageLogChanged, log.get()), 1U);
+  EXPECT_NE(file(), encoded(1, 0));
+  sim.world.runFor(2);
+  EXPECT_EQ(file(), encoded(1, 0));
+}
+
 }  // namespace
 }  // namespace tarvel

@@ -4,7 +4,6 @@
 #include <map>
 #include <regex>
 #include <set>
-#include <string_view>
 
 namespace tarvel::house {
 
@@ -64,9 +63,8 @@ struct Forbidden {
 Findings linesMatching(const SourceFile& file, const std::vector<Forbidden>& table) {
   Findings findings;
   for (std::size_t i = 0; i < file.lines.size(); ++i) {
-    for (const Forbidden& entry : table) {
+    for (const Forbidden& entry : table)
       if (std::regex_search(file.lines[i], entry.pattern)) findings.push_back(at(file, i, entry.reason));
-    }
   }
   return findings;
 }

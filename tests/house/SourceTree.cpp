@@ -7,10 +7,6 @@
 
 namespace tarvel::house {
 
-bool SourceFile::isIn(std::string_view folder) const {
-  return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
-}
-
 SourceFile fileOf(std::string path, std::string_view text) {
   SourceFile file{std::move(path), {}};
   std::istringstream stream{std::string(text)};

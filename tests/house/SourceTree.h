@@ -11,7 +11,6 @@ struct SourceFile {
   std::vector<std::string> lines;
 
   bool isHeader() const { return path.ends_with(".h"); }
-  bool isIn(std::string_view folder) const;
 };
 
 /// A file as the rules are told of it in their own tests.

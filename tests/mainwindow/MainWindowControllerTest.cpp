@@ -1,8 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <QTest>
 
 #include "MainWindowFixture.h"
+#include "NoticesWorld.h"
 
 namespace tarvel {
 namespace {
@@ -36,9 +35,7 @@ TEST_F(MainWindowControllerTest, aFirstStartTellsWhatGoesOnAndThenShowsAllRinks)
 }
 
 TEST_F(MainWindowControllerTest, choosingARinkShowsItsWeekAndAsksForWhatIsDue) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   EXPECT_EQ(description(), "Week of 3/15/26");
   EXPECT_EQ(week().chosenVenueID(), 7) << "the first in the order of display";
   EXPECT_EQ(ScheduleWorld::refresherOf(*rink).dueChecks, 1);
@@ -51,9 +48,7 @@ TEST_F(MainWindowControllerTest, choosingARinkShowsItsWeekAndAsksForWhatIsDue) {
 }
 
 TEST_F(MainWindowControllerTest, weeksAreTurnedWithinTheRinksOffer) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   const std::pair<Qt::Key, const char*> steps[] = {
       {Qt::Key_Left, "Week of 3/8/26"},   {Qt::Key_Left, "Week of 3/8/26"},
       {Qt::Key_Right, "Week of 3/15/26"}, {Qt::Key_Right, "Week of 3/22/26"},
@@ -73,9 +68,7 @@ TEST_F(MainWindowControllerTest, weeksAreTurnedWithinTheRinksOffer) {
 }
 
 TEST_F(MainWindowControllerTest, theWeekInViewFollowsTheClockAndAnotherStays) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   pass(3 * 86400.0 + 13.9 * 3600.0);  // Saturday, shortly before midnight
   EXPECT_EQ(description(), "Week of 3/15/26");
   pass(0.2 * 3600.0);
@@ -126,9 +119,7 @@ TEST_F(MainWindowControllerTest, theWindowGrowsForTheListAndShrinksBackByTheSame
 }
 
 TEST_F(MainWindowControllerTest, settingsComeBackInAnotherWindow) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   controller->toggleShowRinks();
   PropertyList::Dictionary settings = controller->windowSettings();
   settings["fitVertically"] = false;
@@ -147,9 +138,7 @@ TEST_F(MainWindowControllerTest, settingsComeBackInAnotherWindow) {
 }
 
 TEST_F(MainWindowControllerTest, closingKeepsTheFrameAndHearsNothingMore) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   controller->window()->performClose();
   ASSERT_EQ(world.application.removed.size(), 1U);
   EXPECT_EQ(world.application.removed[0].first, controller.get());
@@ -159,6 +148,62 @@ TEST_F(MainWindowControllerTest, closingKeepsTheFrameAndHearsNothingMore) {
   rink->postNotification(kRefreshStatusChanged);
   pass(86400.0);
   EXPECT_EQ(description(), "Week of 3/15/26");
+}
+
+using test::notice;
+using MainWindowPanesTest = test::MainWindowFixture;
+
+TEST_F(MainWindowPanesTest, TheBannerFollowsTheChosenRinkAndGoesWithAnothersNews) {
+  addRinks();
+  open();
+  NoticeBanner& banner = controller->noticeBanner();
+  rink->adoptNotices({test::ScheduleWorld::kFileDate, {notice(1), notice(2)}});
+  choose(1);
+  EXPECT_TRUE(banner.bannerVisible());
+  QTest::mouseClick(&banner.view(), Qt::LeftButton, {}, {40, 20});
+  settle();
+  EXPECT_EQ(controller->currentPaneKind(), MainWindowPane::notices);
+  QTest::mouseClick(&banner.dismissButton(), Qt::LeftButton);
+  settle();
+  EXPECT_FALSE(banner.bannerVisible());
+  EXPECT_EQ(rink->dismissedNotices.size(), 1U) << "the one on show";
+  rink->postNotification(kNoticesChanged);
+  settle();
+  EXPECT_TRUE(banner.bannerVisible()) << "the other one is left";
+  world.dataModel.rinkData(2)->postNotification(kNoticesChanged);
+  settle();
+  EXPECT_FALSE(banner.bannerVisible());
+}
+
+TEST_F(MainWindowPanesTest, CommandsStandAsThePaneLetsThem) {
+  addRinks();
+  open();
+  const auto check = [this](MainWindowPane pane, bool print, const char* when) {
+    controller->selectPaneKind(pane);
+    const auto enabled = [&](const char* action) { return controller->validateMenuItem({action})->enabled; };
+    EXPECT_EQ(enabled("printWindow:"), print) << when;
+    for (const char* other : {"prev:", "next:", "gotoNow:", "increaseTextSize:", "toggleShowCalendar:"})
+      EXPECT_TRUE(enabled(other)) << when;
+    EXPECT_EQ(controller->validateMenuItem({"selectPane:", static_cast<int>(pane)})->checked, true) << when;
+  };
+  check(MainWindowPane::schedule, false, "without a rink");
+  const PackedDate shown = controller->schedule().displayDate();
+  for (const char* each : {"prev:", "next:", "gotoNow:"}) controller->performCommand({each});
+  EXPECT_EQ(controller->schedule().displayDate(), shown) << "without a rink they do nothing";
+  choose(1);
+  world.dataModel.rinkInfo(1)->websiteUrl = "https://a.test";
+  controller->performCommand({"visitWebsite:"});
+  EXPECT_EQ(world.workspace.opened, std::vector<std::string>{"https://a.test"}) << "from any pane";
+  check(MainWindowPane::schedule, true, "schedule");
+  check(MainWindowPane::photos, false, "photos");
+  check(MainWindowPane::notices, false, "notices");
+  check(MainWindowPane::info, false, "info");
+  EXPECT_FALSE(controller->validateMenuItem({"quitApplication:"})) << "not one of the window's";
+  controller->performCommand({"selectPane:", 1});
+  EXPECT_EQ(controller->currentPaneKind(), MainWindowPane::schedule);
+  controller->performCommand({"next:"});
+  endGlide();
+  EXPECT_EQ(description(), "Week of 3/22/26");
 }
 
 }  // namespace

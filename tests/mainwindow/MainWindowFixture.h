@@ -1,8 +1,4 @@
 #pragma once
-#include <gtest/gtest.h>
-
-#include <QApplication>
-
 #include "mainwindow/MainWindowController.h"
 #include "schedule/DailyScheduleView.h"
 #include "schedule/ScheduleWorld.h"
@@ -11,7 +7,7 @@
 namespace tarvel::test {
 
 /// A main window over the model of a simulated machine. It is Wednesday, 2026-03-18, 10:00.
-class MainWindowFixture : public testing::Test {
+class MainWindowFixture : public ScheduleWorldTest {
  protected:
   ~MainWindowFixture() override {
     if (!controller->isClosing) controller->window()->close();
@@ -34,9 +30,10 @@ class MainWindowFixture : public testing::Test {
     controller->rinkSidebar().rinkListView().selectRink(world.dataModel.rinkInfo(rinkID));
     settle();
   }
-  void settle() {
-    world.runUntilIdle();
-    QApplication::processEvents();
+  void openWithRink() {
+    addRinks();
+    open();
+    choose(1);
   }
   /// Time passes for the rinks as their clock ticks.
   void pass(double seconds) {
@@ -57,7 +54,6 @@ class MainWindowFixture : public testing::Test {
   }
   ScheduleSidebar& sidebar() { return pane().scheduleSidebarView(); }
 
-  ScheduleWorld world;
   std::shared_ptr<RinkData> rink;
   std::unique_ptr<MainWindowController> controller = MainWindowController::create(world.context);
 };

@@ -1,7 +1,4 @@
 #pragma once
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QTest>
 
 #include "schedule/ScheduleWorld.h"
@@ -20,7 +17,7 @@ inline std::shared_ptr<const Notice> notice(std::int64_t id, const std::string& 
 }
 
 /// A window, and a rink whose notices the test publishes.
-class NoticesWorld : public testing::Test {
+class NoticesWorld : public ScheduleWorldTest {
  protected:
   NoticesWorld() {
     world.addRink(7, "Arctic");
@@ -32,12 +29,7 @@ class NoticesWorld : public testing::Test {
     rink->adoptNotices({ScheduleWorld::kFileDate, notices});
     settle();
   }
-  void settle() {
-    world.runUntilIdle();
-    QApplication::processEvents();
-  }
 
-  ScheduleWorld world;
   std::shared_ptr<RinkData> rink;
   Window window;
 };

@@ -14,13 +14,10 @@ namespace {
 
 using Ids = std::vector<std::int64_t>;
 
-class PhotosControllerTest : public testing::Test, protected PhotosHost {
+class PhotosControllerTest : public test::NoticesWorld, protected PhotosHost {
  protected:
   PhotosControllerTest() {
-    world.addRink(7, "Arctic");
-    rink = world.openRink(7, {});
     window.resize(800, 600);
-    window.makeKeyAndOrderFront();
     photos.pane().resize(window.size());
     photos.pane().show();
     photos.paneShown();
@@ -54,8 +51,7 @@ class PhotosControllerTest : public testing::Test, protected PhotosHost {
     settle();
   }
   void settle() {
-    world.runUntilIdle();
-    QApplication::processEvents();
+    world.settle();
     world.runUntilIdle();
   }
   void key(Qt::Key key) {
@@ -85,15 +81,12 @@ class PhotosControllerTest : public testing::Test, protected PhotosHost {
   AlbumView& album() { return photos.pane().albumView(); }
   PagingView& pages() { return photos.pane().photoPagingView(); }
   PhotoView& page() { return dynamic_cast<PhotoView&>(*pages().currView()); }
-  std::vector<std::int64_t> counts(std::int64_t last) {
-    std::vector<std::int64_t> list;
+  Ids counts(std::int64_t last) {
+    Ids list;
     for (std::int64_t id = 1; id <= last; ++id) list.push_back(rink->photo(id)->viewCount);
     return list;
   }
 
-  test::ScheduleWorld world;
-  std::shared_ptr<RinkData> rink;
-  Window window;
   int changes = 0;
   PhotosController photos{world.context, *this, &window};
 };
@@ -156,18 +149,13 @@ TEST_F(PhotosControllerTest, TheWayFromTheGalleryToAPhotoAndBack) {
   EXPECT_EQ(counts(4), Ids(4, 0));
 }
 
-TEST_F(PhotosControllerTest, KeysGoThroughAnAlbumThatHasAPhotoTwice) {
+TEST_F(PhotosControllerTest, KeysAndClicksSelectAndADoubleClickOpensWhatBothWereOn) {
   publish(3, {{1, {1, 2, 1, 3}}});
   openAlbum();
-  for (const std::int64_t id : {1, 2, 1, 3, 3}) {
+  for (const std::int64_t id : {1, 2, 1, 3, 3}) {  // one photo stands there twice
     key(Qt::Key_Right);
     EXPECT_EQ(album().selectedPhoto()->photoID, id);
   }
-}
-
-TEST_F(PhotosControllerTest, ClicksSelectAndADoubleClickOpensWhatBothWereOn) {
-  publish(3, {{1, {1, 2, 3}}});
-  openAlbum();
   const auto at = [&](std::size_t cell) { return middleOf(album(), cell); };
   QTest::mouseClick(&album(), Qt::LeftButton, {}, at(0));
   EXPECT_EQ(album().selectedPhoto()->photoID, 1);
@@ -250,18 +238,15 @@ TEST_F(PhotosControllerTest, OfALargeAlbumOnlyWhatIsSeenIsFetched) {
 
 TEST_F(PhotosControllerTest, TheVersionFollowsSizeAndScreen) {
   publish(1, {{1, {1}}});
-  const struct {
-    double height;
-    double scale;
-    std::string file;
-  } cases[] = {{50, 1, "1-1.jpg"}, {100, 1, "1-1.jpg"}, {101, 1, "1-2.jpg"}, {300, 1, "1-3.jpg"}};
+  const std::pair<double, std::string> cases[] = {
+      {50, "1-1.jpg"}, {100, "1-1.jpg"}, {101, "1-2.jpg"}, {300, "1-3.jpg"}};
   openAlbum();
-  for (const auto& c : cases) {
+  for (const auto& [photoHeight, fetched] : cases) {
     publish(1, {{1, {1}}});
     requested();
-    photos.adjustPhotoSize(c.height);
+    photos.adjustPhotoSize(photoHeight);
     publish(1, {{1, {1}}});
-    EXPECT_EQ(requested(), std::vector<std::string>{c.file}) << c.height;
+    EXPECT_EQ(requested(), std::vector<std::string>{fetched}) << photoHeight;
   }
   EXPECT_EQ(photos.pane().sizeSlider().minimum(), 50);
   EXPECT_EQ(album().layout().rects()[0].width, 2 * 5 + 450);
@@ -297,10 +282,8 @@ TEST_F(PhotosControllerTest, PlaceholdersAndThePagesPlaces) {
     last = shown();
   }
   openPhoto(0);
-  const double width = page().width(), height = page().height();
-  EXPECT_EQ(page().places().photo.x, 12);
-  EXPECT_EQ(page().places().photo.width, width - 24);
-  EXPECT_EQ(page().places().photo.maxY() + 8, page().places().title.y);
+  const double width = page().width(), height = page().height(), titleY = page().places().title.y;
+  EXPECT_EQ(page().places().photo, (Rect{12, 12, width - 24, titleY - 20}));
   EXPECT_EQ(page().places().title.maxY(), height - 12);
   rink->photo(1)->title.clear();
   page().adjustSize();

@@ -1,8 +1,5 @@
 #include "mainwindow/RinkListView.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QScrollArea>
 #include <QTest>
 #include <tuple>
@@ -14,12 +11,10 @@
 namespace tarvel {
 namespace {
 
-using test::ScheduleWorld;
-
 constexpr int kWidth = 240;
 constexpr int kHeight = 500;
 
-class RinkListViewTest : public testing::Test {
+class RinkListViewTest : public test::ScheduleWorldTest {
  protected:
   RinkListViewTest() {
     scroller->setFrameShape(QFrame::NoFrame);
@@ -36,17 +31,12 @@ class RinkListViewTest : public testing::Test {
     for (int id = 1; id <= count; ++id) world.addRink(id, "Rink " + std::to_string(id));
     settle();
   }
-  void settle() {
-    world.runUntilIdle();
-    QApplication::processEvents();
-  }
   void clickRow(int row) {
     QTest::mouseClick(list, Qt::LeftButton, {}, QPoint(100, row * 76 + 10));
     settle();
   }
   std::int64_t selectedID() const { return list->selectedRink() ? list->selectedRink()->rinkID : 0; }
 
-  ScheduleWorld world;
   Window window;
   QScrollArea* scroller = new QScrollArea(&window);
   RinkListView* list = new RinkListView(world.context);

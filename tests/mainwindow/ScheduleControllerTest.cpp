@@ -14,13 +14,9 @@ using Form = ScheduleForm;
 TEST(ScheduleFontSizes, looksForTheSizeOfTheFormMostLikeIt) {
   constexpr auto kWeekly = ScheduleViewOption::weekly;
   constexpr auto kDaily = ScheduleViewOption::daily;
-  struct Case {
-    Form form;
-    ScheduleFontSizes sizes;  ///< weekly fit, scroll; daily single fit, scroll; daily multi fit, scroll
-    double expected;
-  };
   const std::optional<double> no;
-  const Case cases[] = {
+  // The sizes are those of the weekly form that fits and scrolls, the daily one of one venue, and of several.
+  const std::tuple<Form, ScheduleFontSizes, double> cases[] = {
       {{kWeekly, 0, true}, {no, no, no, no, no, no}, 9.0},
       {{kWeekly, 0, true}, {10, 11, 12, 13, 14, 15}, 10.0},
       {{kWeekly, 0, true}, {no, 11, 12, 13, 14, 15}, 11.0},
@@ -35,15 +31,14 @@ TEST(ScheduleFontSizes, looksForTheSizeOfTheFormMostLikeIt) {
       {{kDaily, 2, true}, {10, 11, no, 13, no, 15}, 9.0},
       {{kDaily, 2, false}, {10, 11, 12, no, 14, no}, 11.0},
   };
-  for (const Case& c : cases) EXPECT_EQ(c.sizes.sizeFor(c.form), c.expected) << &c - cases;
+  for (const auto& [form, sizes, expected] : cases)
+    EXPECT_EQ(sizes.sizeFor(form), expected) << testing::PrintToString(expected);
 }
 
 using ScheduleControllerTest = test::MainWindowFixture;
 
 TEST_F(ScheduleControllerTest, theDailyFormShowsAColumnForEachChosenVenue) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   controller->schedule().setScheduleViewOption(ScheduleViewOption::daily);
   settle();
   EXPECT_EQ(description(), "March 18, 2026   (Today)");
@@ -67,9 +62,7 @@ TEST_F(ScheduleControllerTest, theDailyFormShowsAColumnForEachChosenVenue) {
 }
 
 TEST_F(ScheduleControllerTest, aDoubleClickInTheWeekOpensTheDay) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   emit sidebar().fitToggled(false);
   settle();
   const ScheduleGrid& grid = week().layout().grid();
@@ -82,9 +75,7 @@ TEST_F(ScheduleControllerTest, aDoubleClickInTheWeekOpensTheDay) {
 }
 
 TEST_F(ScheduleControllerTest, theCalendarLeadsToItsDate) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   CalendarView& calendar = pane().calendarView();
   EXPECT_EQ(calendar.minimumDate(), packedDate(2026, 3, 8));
   EXPECT_EQ(calendar.maximumDate(), packedDate(2026, 4, 4));
@@ -106,9 +97,7 @@ TEST_F(ScheduleControllerTest, theCalendarLeadsToItsDate) {
 }
 
 TEST_F(ScheduleControllerTest, textSizesAreKeptForEachForm) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   for (int i = 0; i < 4; ++i) controller->schedule().increaseTextSize();
   emit sidebar().fitToggled(false);
   EXPECT_EQ(controller->windowSettings().count("weeklyFontSizeScroll"), 0U);
@@ -144,20 +133,15 @@ class ScheduleChimeTest : public test::MainWindowFixture {
 };
 
 TEST_F(ScheduleChimeTest, soundsWhenASessionBeginsOrEndsAsTheMinutePasses) {
-  struct Step {
-    double minutes;
-    std::size_t chimes;
-    const char* why;
-  };
-  const Step steps[] = {{4, 0, "10:04"},
-                        {1, 1, "10:05, the session begins"},
-                        {1, 0, "10:06"},
-                        {23, 0, "10:29, a jump"},
-                        {1, 1, "10:30, it ends"},
-                        {14, 0, "10:44"},
-                        {1, 0, "10:45, only the resurfacing ends"},
-                        {20, 0, "11:05, a jump over a beginning"}};
-  for (const Step& step : steps) EXPECT_EQ(chimesAfter(step.minutes), step.chimes) << step.why;
+  const std::tuple<double, std::size_t, const char*> steps[] = {{4, 0, "10:04"},
+                                                                {1, 1, "10:05, the session begins"},
+                                                                {1, 0, "10:06"},
+                                                                {23, 0, "10:29, a jump"},
+                                                                {1, 1, "10:30, it ends"},
+                                                                {14, 0, "10:44"},
+                                                                {1, 0, "10:45, only the resurfacing ends"},
+                                                                {20, 0, "11:05, a jump over a beginning"}};
+  for (const auto& [minutes, chimes, why] : steps) EXPECT_EQ(chimesAfter(minutes), chimes) << why;
   emit sidebar().chimeChosen(0);
   settle();
   pass(54 * 60.0);
@@ -193,9 +177,7 @@ TEST_F(ScheduleControllerTest, theNightBelongsToTheDayBeforeWhileItsSessionsLast
 }
 
 TEST_F(ScheduleControllerTest, aPaneThatDoesNotShowDoesNoWork) {
-  addRinks();
-  open();
-  choose(1);
+  openWithRink();
   controller->selectPane(MainWindowPane::info);
   settle();
   rink->postNotification(kSchedulesChanged);

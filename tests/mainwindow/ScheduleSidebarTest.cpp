@@ -1,8 +1,7 @@
 #include "mainwindow/ScheduleSidebar.h"
 
-#include <gtest/gtest.h>
-
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QScrollBar>
 #include <QTest>
 
@@ -33,21 +32,22 @@ void click(const QWidget& view, const QString& name) {
 
 class ScheduleSidebarTest : public testing::Test {
  protected:
+  /// Notes a signal, with its values as numbers.
+  auto says(const std::string& what) {
+    return [this, what](auto... values) {
+      said.push_back(what);
+      ((said.back() += " " + std::to_string(static_cast<std::int64_t>(values))), ...);
+    };
+  }
   ScheduleSidebarTest() : sidebar(nullptr) {
-    const auto on = [](bool value) { return value ? std::string(" on") : std::string(" off"); };
-    QObject::connect(&sidebar, &ScheduleSidebar::viewOptionChosen,
-                     [this](auto option) { said.push_back("option " + std::to_string(int(option))); });
-    QObject::connect(&sidebar, &ScheduleSidebar::venueToggled, [this, on](std::int64_t id, bool value) {
-      said.push_back("venue " + std::to_string(id) + on(value));
-    });
-    QObject::connect(&sidebar, &ScheduleSidebar::chimeChosen,
-                     [this](std::int64_t id) { said.push_back("chime " + std::to_string(id)); });
-    QObject::connect(&sidebar, &ScheduleSidebar::fitToggled,
-                     [this, on](bool value) { said.push_back("fit" + on(value)); });
-    QObject::connect(&sidebar, &ScheduleSidebar::showTimesToggled,
-                     [this, on](bool value) { said.push_back("times" + on(value)); });
-    QObject::connect(&sidebar, &ScheduleSidebar::decreaseTextSize, [this] { said.push_back("smaller"); });
-    QObject::connect(&sidebar, &ScheduleSidebar::increaseTextSize, [this] { said.push_back("larger"); });
+    using Bar = ScheduleSidebar;
+    QObject::connect(&sidebar, &Bar::viewOptionChosen, says("option"));
+    QObject::connect(&sidebar, &Bar::venueToggled, says("venue"));
+    QObject::connect(&sidebar, &Bar::chimeChosen, says("chime"));
+    QObject::connect(&sidebar, &Bar::fitToggled, says("fit"));
+    QObject::connect(&sidebar, &Bar::showTimesToggled, says("times"));
+    QObject::connect(&sidebar, &Bar::decreaseTextSize, says("smaller"));
+    QObject::connect(&sidebar, &Bar::increaseTextSize, says("larger"));
     sidebar.resize(200, 700);
     sidebar.show();
     QApplication::setActiveWindow(&sidebar);
@@ -74,10 +74,9 @@ TEST_F(ScheduleSidebarTest, saysWhatTheUserDidAndNothingOfWhatItIsTold) {
   sidebar.setShowTimes(true);
   EXPECT_EQ(taken(), Said{});
   const QWidget* focus = QApplication::focusWidget();
-  for (const char* name : {"Weekly", "Sheet 2", "Fit", "Times", "Smaller text", "Larger text"}) {
+  for (const char* name : {"Weekly", "Sheet 2", "Fit", "Times", "Smaller text", "Larger text"})
     click(sidebar, name);
-  }
-  EXPECT_EQ(taken(), (Said{"option 0", "venue 20 on", "fit off", "times off", "smaller", "larger"}));
+  EXPECT_EQ(taken(), (Said{"option 0", "venue 20 1", "fit 0", "times 0", "smaller", "larger"}));
   EXPECT_FALSE(buttonNamed(sidebar, "Sheet 1")->isChecked());
   EXPECT_EQ(QApplication::focusWidget(), focus) << "clicks leave the keyboard where it is";
   auto* chime = sidebar.findChild<ChimePopUpButton*>();
@@ -90,7 +89,7 @@ TEST_F(ScheduleSidebarTest, venueButtonsFollowChoiceAndKind) {
   sidebar.setVenues(venues(2, 10), VenueButtonKind::checkBox);
   click(sidebar, "Sheet 2");
   click(sidebar, "Sheet 1");
-  EXPECT_EQ(taken(), (Said{"venue 20 on", "venue 10 off"}));
+  EXPECT_EQ(taken(), (Said{"venue 20 1", "venue 10 0"}));
   // The answer to a click may be other venues; the button that was clicked is still at work.
   QObject::connect(&sidebar, &ScheduleSidebar::venueToggled, &sidebar,
                    [this] { sidebar.setVenues(venues(2, 0), VenueButtonKind::radio); });
@@ -107,10 +106,13 @@ TEST_F(ScheduleSidebarTest, venueButtonsFollowChoiceAndKind) {
 TEST_F(ScheduleSidebarTest, longTitlesAreCutAndManyVenuesScroll) {
   const std::string title = "Sheet & hall of a name that no sidebar of this width can show";
   sidebar.setVenues({{title, 1, true}}, VenueButtonKind::radio);
-  const auto* button = buttonNamed(sidebar, QString::fromStdString(title));
+  auto* button = buttonNamed(sidebar, QString::fromStdString(title));
   EXPECT_TRUE(button->text().startsWith("Sheet && ha"));
   EXPECT_TRUE(button->text().endsWith(QChar(0x2026)));
   EXPECT_TRUE(button->toolTip().contains("can show"));
+  const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(button);
+  EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), title);
+  EXPECT_EQ(spoken->text(QAccessible::Description), "") << "the tip says the same, in markup";
   EXPECT_LT(button->mapTo(&sidebar, button->rect().topRight()).x(), 200);
 
   sidebar.resize(200, 400);
@@ -126,6 +128,9 @@ TEST_F(ScheduleSidebarTest, longTitlesAreCutAndManyVenuesScroll) {
 
 TEST_F(ScheduleSidebarTest, chimeItemsAreRetitledAndTheFirstStays) {
   auto* chime = sidebar.findChild<ChimePopUpButton*>();
+  const auto labels = QAccessible::queryAccessibleInterface(chime)->relations(QAccessible::Label);
+  ASSERT_EQ(labels.size(), 1);
+  EXPECT_EQ(labels[0].first->text(QAccessible::Name), "Chime");
   sidebar.setChimeItems({{"A", 1}, {"B", 2}, {"C", 3}});
   sidebar.selectChime(2);
   sidebar.selectChime(99);

@@ -62,22 +62,20 @@ TEST_F(DataModelTest, TheOldCatalogueServesUntilTheNewOneIsThere) {
                                   " bytes"))
       << whole.size();
 
-  const struct {
-    const char *from, *to;
-  } damages[] = {{"\"rinks\"", "\"list\""},
-                 {"\"fileDate\": 1.5", "\"fileDate\": \"1.5\""},
-                 {"\"zip\"", "\"zap\""},
-                 {"\"rinkID\": 12", "\"rinkID\": 12.5"},
-                 {"\"phone\": \"(", "\"phone\": 3, \"x\": \"("},
-                 {"[{", "[3, {"},
-                 {"]}", "]"},
-                 {"Harbor", "\xFF"}};
-  for (const auto& damage : damages) {
+  const std::pair<const char*, const char*> damages[] = {{"\"rinks\"", "\"list\""},
+                                                         {"\"fileDate\": 1.5", "\"fileDate\": \"1.5\""},
+                                                         {"\"zip\"", "\"zap\""},
+                                                         {"\"rinkID\": 12", "\"rinkID\": 12.5"},
+                                                         {"\"phone\": \"(", "\"phone\": 3, \"x\": \"("},
+                                                         {"[{", "[3, {"},
+                                                         {"]}", "]"},
+                                                         {"Harbor", "\xFF"}};
+  for (const auto& [from, to] : damages) {
     std::string text = whole;
-    const auto at = text.find(damage.from);
-    ASSERT_NE(at, std::string::npos) << damage.from;
-    text.replace(at, std::string_view(damage.from).size(), damage.to);
-    EXPECT_EQ(readList(text), 0U) << damage.to;
+    const auto at = text.find(from);
+    ASSERT_NE(at, std::string::npos) << from;
+    text.replace(at, std::string_view(from).size(), to);
+    EXPECT_EQ(readList(text), 0U) << to;
   }
   // A catalogue that is there but can't be read doesn't fall back on the old one.
   store("rinks.b1", site.rinkList());
@@ -100,9 +98,8 @@ TEST_F(DataModelTest, TheStateComesBackAsItWasKept) {
                    {"errorTimeStamp", Instant{2.0}},
                    {"defsFileDate", Instant{790'000'000.0}},
                    {"rinksFileDate", Instant{1.0}}};
-  PropertyList::Array rinks;
-  for (const int rinkID : {12, 99, 7}) rinks.push_back(Dictionary{{"rinkID", rinkID}});
-  state["recentRinks"] = rinks;
+  state["recentRinks"] =
+      PropertyList::Array{Dictionary{{"rinkID", 12}}, Dictionary{{"rinkID", 99}}, Dictionary{{"rinkID", 7}}};
   model.start(&state);
   EXPECT_EQ(taken(), (Texts{"12: schedule", "7: schedule", "schedule"})) << "99 has left the catalogue";
   EXPECT_EQ(announced(), (Texts{"current date changed", "current time of day changed", "time zone changed",
@@ -156,6 +153,90 @@ TEST_F(DataModelTest, AskingForARinkTakesItIntoUse) {
   EXPECT_EQ(changes, 2);
   EXPECT_EQ(arctic->rinkInfo()->name, "Arctic");
   EXPECT_EQ(model.rinkInfo(8), nullptr);
+}
+
+constexpr double kDay = 86'400.0;
+
+class StoreTidyingTest : public ModelFixture {
+ protected:
+  StoreTidyingTest() {
+    for (const int id : {20, 30}) {
+      site.rinks.push_back(site.rinks[1]);
+      site.rinks.back().record.rinkID = id;
+    }
+    model.mergeRinkList(decodeRinkList(site.rinkList()));
+  }
+};
+
+TEST_F(StoreTidyingTest, RinksNotViewedForFourWeeksAreDroppedAtQuit) {
+  const std::tuple<std::int64_t, std::optional<double>, bool> cases[] = {
+      {7, 27.0, true}, {12, 28.0, true}, {20, 29.0, false}, {30, std::nullopt, false}, {99, 1.0, false}};
+  for (const auto& [rinkID, daysAgo, stays] : cases) {
+    const auto rink = model.rinkData(rinkID);
+    if (daysAgo) rink->lastViewed = sim.world.now() - *daysAgo * kDay;
+    store("rink-" + std::to_string(rinkID) + "/main.b1", {});
+  }
+  announced();
+  taken();
+  model.prepareToQuit();
+  EXPECT_EQ(taken(),
+            (Texts{"invalidate", "7: invalidate", "12: invalidate", "20: invalidate", "30: invalidate",
+                   "99: invalidate", "20: invalidate", "30: invalidate", "99: invalidate"}));
+  EXPECT_EQ(announced(), Texts{});
+  for (const auto& [rinkID, daysAgo, stays] : cases)
+    EXPECT_EQ(exists("rink-" + std::to_string(rinkID)), stays) << rinkID;
+  EXPECT_EQ(model.recentRinks.size(), 2U);
+}
+
+TEST_F(StoreTidyingTest, OnlyLeftoversGoFromTheFolders) {
+  model.rinkData(7)->lastViewed = sim.world.now();
+  const Texts stay = {"rinks.b1",
+                      "rink-7/main.b1",
+                      "rink-x/a",
+                      "rink-5-1/a",
+                      "rink--5/a",
+                      "rinks-5/a",
+                      "logos/7.png",
+                      ".hidden.json",
+                      "rink-6",
+                      "notes.json/a",
+                      "rink-7/a.pdf/b",
+                      "rink-7/notices.b1",
+                      "rink-7/Photos/1-1.jpg",
+                      "rink-/a",
+                      ".rink-5/a"};
+  const Texts go = {"rinks2.json",  "rink-5/main.b1", "rink-+8/a",
+                    "rink-7/a.jpg", "rink-7/b.png",   "rink-7/c.pdf"};
+  for (const Texts* names : {&stay, &go})
+    for (const std::string& name : *names) store(name, {1});
+  model.prepareToQuit();
+  for (const std::string& name : stay) EXPECT_TRUE(exists(name)) << name;
+  for (const std::string& name : go) EXPECT_FALSE(exists(name)) << name;
+  for (const char* line :
+       {"removed file: /home/u/Tarvel/rinks2.json", "removed folder: /home/u/Tarvel/rink-5",
+        "removing file: /home/u/Tarvel/rink-7/a.jpg"}) {
+    EXPECT_TRUE(sim.console.printed(line)) << line;
+  }
+}
+
+TEST_F(StoreTidyingTest, TheFirstFailureEndsTheTidying) {
+  for (const char* name : {"rink-1/a", "rink-2/a", "rink-3/a"}) store(name, {});
+  sim.disk.failOperation(2, MemoryFileSystem::Repeat::once, {MemoryFileSystem::Operation::remove, ""});
+  model.tidyApplicationFolder();
+  EXPECT_FALSE(exists("rink-1"));
+  EXPECT_TRUE(exists("rink-2") && exists("rink-3"));
+  EXPECT_TRUE(log->logMessages().empty());
+  model.tidyApplicationFolder();
+  EXPECT_FALSE(exists("rink-2") || exists("rink-3"));
+}
+
+TEST_F(StoreTidyingTest, AnOldVersionsStateFileGoesAfterTwoWeeks) {
+  for (const double days : {13.0, 14.0, 15.0}) {
+    store("application-state", {}, sim.world.now() - days * kDay);
+    model.prepareToQuit();
+    EXPECT_EQ(exists("application-state"), days <= 14.0) << days;
+  }
+  EXPECT_TRUE(sim.console.printed("Deleting /home/u/Tarvel/application-state"));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "ModelFixture.h"
-#include "foundation/DecodeError.h"
 #include "model/ShownPhotos.h"
 #include "support/PublishedPhotos.h"
 
@@ -27,20 +26,12 @@ TEST(PhotoCollectionFileTest, FieldByFieldAndInOrder) {
   EXPECT_EQ(file.albums[0]->albumID, 2) << "as they are to show";
   EXPECT_EQ(file.albums[0]->photoIDs, PhotoIDs({9, 9, 4}));
   EXPECT_EQ(file.albums[0]->descr, "About it");
-
-  const Bytes whole = published.file();
-  for (std::size_t length = 0; length < whole.size(); ++length) {
-    EXPECT_THROW(decodePhotoCollectionFile({whole.data(), length}), DecodeError) << length;
-  }
-  EXPECT_THROW(decodePhotoCollectionFile(encoded(kDate, 0, std::int64_t{1} << 40)), DecodeError);
-  EXPECT_DEATH(decodePhotoCollectionFile(encoded(kDate, -1)), "negative count");
 }
 
 TEST(PhotoTest, TheVersionIsTheSmallestThatIsLargeEnough) {
   const struct {
     std::vector<double> heights;
-    Size box;
-    Size resolution;
+    Size box, resolution;
     std::int64_t version;
     double fitted;  // height of the version that the box's height asks for
   } cases[] = {
@@ -115,21 +106,16 @@ TEST_F(PhotosTest, ANeighbourIsShownWhileTheRightVersionTravels) {
 
 TEST_F(PhotosTest, AStoredFileIsUsedIfItIsThePromisedOneAndAPicture) {
   const Bytes good = FakeImageDecoder::file(100, 50);
-  const struct {
-    Bytes content;
-    Instant date;
-    std::int64_t offSize;
-    bool used;
-  } cases[] = {{good, kDate + 1.0, 0, false},
-               {good, kDate, 1, false},
-               {encoded("no picture"), kDate, 0, false},
-               {good, kDate, 0, true}};
-  for (const auto& c : cases) {
-    storePhoto("5-1.jpg", c.content);
-    photo->versions[0].fileSize += c.offSize;
-    photo->versions[0].fileDate = c.date;
-    EXPECT_EQ(photo->image(1) != nullptr, c.used);
-    EXPECT_EQ(taken(), c.used ? Texts{} : Texts{"7: 5-1.jpg"});
+  const std::tuple<Bytes, Instant, std::int64_t, bool> cases[] = {{good, kDate + 1.0, 0, false},
+                                                                  {good, kDate, 1, false},
+                                                                  {encoded("no picture"), kDate, 0, false},
+                                                                  {good, kDate, 0, true}};
+  for (const auto& [stored, date, offSize, used] : cases) {
+    storePhoto("5-1.jpg", stored);
+    photo->versions[0].fileSize += offSize;
+    photo->versions[0].fileDate = date;
+    EXPECT_EQ(photo->image(1) != nullptr, used);
+    EXPECT_EQ(taken(), used ? Texts{} : Texts{"7: 5-1.jpg"});
   }
   EXPECT_EQ(announced(), Texts{}) << "whoever asked has it";
 }
@@ -175,6 +161,63 @@ TEST_F(PhotosTest, APhotoOutlivesItsRink) {
   EXPECT_TRUE(photo->image(1));
   photo->setDownloadStatus(DownloadStatus::idle(), 2);
   EXPECT_TRUE(photo->image(2)) << "what it has";
+}
+
+class LogoTest : public ModelFixture {
+ protected:
+  LogoTest() {
+    RinkRecord& record = site.rinks[0].record;
+    record.logoFileDate = kDate;
+    record.logoFileSize = static_cast<std::int64_t>(kLight.size());
+    record.darkLogoFileDate = kDarkDate;
+    record.darkLogoFileSize = static_cast<std::int64_t>(kDark.size());
+    model.mergeRinkList(decodeRinkList(site.rinkList()));
+    announced();
+  }
+  const Instant kDate{789'000'000.375}, kDarkDate{789'000'001.5};
+  const Bytes kLight = FakeImageDecoder::file(8, 4, "light"), kDark = FakeImageDecoder::file(8, 4, "dark!");
+};
+
+TEST_F(LogoTest, ACurrentFileServesAndAnyOtherIsRequestedOnce) {
+  const std::tuple<const char*, Bytes, Instant, bool> cases[] = {
+      {"current", kLight, kDate, true},
+      {"another date", kLight, kDate + 1.0, false},
+      {"another size", kDark.size() == kLight.size() ? Bytes{1} : Bytes(kLight.size() + 1), kDate, false},
+      {"no picture", Bytes(kLight.size()), kDate, false}};
+  for (const auto& [what, content, date, serves] : cases) {
+    SCOPED_TRACE(what);
+    store("logos/7.png", content, date);
+    const auto info = model.rinkInfo(7);
+    info->cachedLogoImage = nullptr;
+    const auto image = info->logoImage();
+    EXPECT_EQ(image != nullptr, serves);
+    EXPECT_EQ(info->logoImage(), image);
+    EXPECT_EQ(taken(), serves ? Texts{} : Texts{"7.png"});
+  }
+  EXPECT_EQ(model.rinkInfo(7)->darkLogoImage(), nullptr);
+  EXPECT_EQ(taken(), Texts{"7-dark.png"});
+  EXPECT_EQ(model.rinkInfo(12)->logoImage(), nullptr);
+  EXPECT_EQ(model.rinkInfo(12)->darkLogoImage(), nullptr);
+  EXPECT_EQ(taken(), Texts{}) << "a rink without a logo";
+}
+
+TEST_F(LogoTest, ADownloadedLogoIsShownStoredAndAnnounced) {
+  const auto info = model.rinkInfo(7);
+  info->darkLogoImage();
+  model.logos().receive(*info, LogoKind::dark, Bytes{'n', 'o'});
+  EXPECT_EQ(announced(), Texts{});
+  EXPECT_FALSE(exists("logos"));
+  EXPECT_EQ(info->darkLogoImage(), nullptr);
+  model.logos().receive(*info, LogoKind::dark, kDark);
+  EXPECT_EQ(taken(), Texts{"7-dark.png"}) << "what was no picture isn't asked for again";
+  ASSERT_TRUE(info->darkLogoImage());
+  EXPECT_EQ(info->darkLogoImage()->pixelSize(), (Size{8.0, 4.0}));
+  EXPECT_EQ(announced(), Texts{"rink logo changed"});
+  EXPECT_EQ(sim.disk.snapshot().at(kFolder + "/logos/7-dark.png").content, kDark);
+  EXPECT_EQ(sim.disk.info(kFolder + "/logos/7-dark.png")->modificationDate, kDarkDate);
+  info->cachedDarkLogoImage = nullptr;
+  EXPECT_TRUE(info->darkLogoImage()) << "current on the disk";
+  EXPECT_EQ(taken(), Texts{});
 }
 
 }  // namespace

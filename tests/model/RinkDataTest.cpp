@@ -38,9 +38,8 @@ TEST_F(RinkDataTest, TheStateComesBackAsItWasKept) {
 
 TEST_F(RinkDataTest, WhatIsMissingOrOfAnotherTypeTakesItsDefault) {
   Dictionary wrong;
-  for (const auto& [key, value] : fromState({})->dictionary()) {
+  for (const auto& [key, value] : fromState({})->dictionary())
     wrong[key] = value.text() ? PropertyList(1) : PropertyList("text");
-  }
   for (const char* key : {"mainFileDate", "noticesFileDate", "photosFileDate", "lastRefreshTimeStamp",
                           "errorTimeStamp", "lastViewed"}) {
     wrong[key] = true;
@@ -102,12 +101,7 @@ TEST_F(RinkDataTest, TheRinksClockRunsOnceAMinuteAndTellsTheDateFirst) {
   announced();
 
   const Instant noon = sim.world.now();
-  const struct {
-    double seconds;
-    Texts posted;
-    PackedDate date;
-    std::int64_t time;
-  } steps[] = {
+  const std::tuple<double, Texts, PackedDate, std::int64_t> steps[] = {
       {59.9, {}, packedDate(2026, 3, 8), 360},
       {60.0, {"current time of day changed"}, packedDate(2026, 3, 8), 361},
       {61.0, {}, packedDate(2026, 3, 8), 361},
@@ -116,11 +110,11 @@ TEST_F(RinkDataTest, TheRinksClockRunsOnceAMinuteAndTellsTheDateFirst) {
       {18 * 3600.0, {"current date changed", "current time of day changed"}, packedDate(2026, 3, 9), 0},
       {42 * 3600.0, {"current date changed"}, packedDate(2026, 3, 10), 0},
   };
-  for (const auto& step : steps) {
-    rink->updateTimeWithNow(noon + step.seconds);
-    EXPECT_EQ(announced(), step.posted) << step.seconds;
-    EXPECT_EQ(rink->dateNow(), step.date) << step.seconds;
-    EXPECT_EQ(rink->timeNow(), step.time) << step.seconds;
+  for (const auto& [seconds, posted, date, time] : steps) {
+    rink->updateTimeWithNow(noon + seconds);
+    EXPECT_EQ(announced(), posted) << seconds;
+    EXPECT_EQ(rink->dateNow(), date) << seconds;
+    EXPECT_EQ(rink->timeNow(), time) << seconds;
   }
 }
 
@@ -143,6 +137,26 @@ TEST_F(RinkDataTest, AZoneIsAppliedWhenTheCatalogueChangesIt) {
     model.mergeRinkList(decodeRinkList(site.rinkList()));
     EXPECT_EQ(rink->timeZone()->identifier(), "Europe/Paris") << unknown;
   }
+}
+
+TEST_F(RinkDataTest, ARinkWithoutAZoneFollowsTheMachines) {
+  site.rinks[0].record.timeZone = "";
+  model.mergeRinkList(decodeRinkList(site.rinkList()));
+  const auto rink = model.rinkData(7), elsewhere = model.rinkData(12);
+  clock.start();
+  sim.world.runFor(30.0);
+  announced();
+  sim.world.setMachineZone(*TimeZone::named("Pacific/Kiritimati"));
+  EXPECT_EQ(announced(), Texts{}) << "before the minute is over";
+  sim.world.runFor(31.0);
+  EXPECT_EQ(announced(), (Texts{"current date changed", "current time of day changed", "time zone changed",
+                                "current time of day changed"}));
+  EXPECT_EQ(rink->timeZone()->identifier(), "Pacific/Kiritimati");
+  EXPECT_EQ(rink->dateNow(), packedDate(2026, 3, 9));
+  EXPECT_EQ(rink->timeNow(), 2 * 60 + 1);
+  EXPECT_EQ(elsewhere->timeZone()->identifier(), "Europe/Oslo");
+  sim.world.runFor(60.0);
+  EXPECT_EQ(announced(), (Texts{"current time of day changed", "current time of day changed"}));
 }
 
 TEST_F(RinkDataTest, ARinkThatTheCatalogueLearnsOfLaterIsJoinedToItsRecord) {

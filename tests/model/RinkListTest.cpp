@@ -16,9 +16,8 @@ class RinkListTest : public ModelFixture {
   }
   void merge() { model.mergeRinkList(model.rinkListUpdate(site.rinkList())); }
   RinkRecord& record(std::int64_t rinkID) {
-    for (PublishedRink& rink : site.rinks) {
+    for (PublishedRink& rink : site.rinks)
       if (rink.record.rinkID == rinkID) return rink.record;
-    }
     throw std::out_of_range("no such rink");
   }
   void expectListAsPublished() {
@@ -90,22 +89,20 @@ TEST_F(RinkListTest, EveryFieldThatDiffersIsTakenOverAndAnnounced) {
 
 TEST_F(RinkListTest, AChangedLogoIsForgottenAndAnnouncedIfItWasAtHand) {
   const auto image = sim.images.decode(FakeImageDecoder::file(8, 4));
-  const struct {
-    bool cached, changeLight, changeDark;
-    Texts posted;
-  } cases[] = {{false, true, true, {"rink info changed", "rink list changed"}},
-               {true, true, false, {"rink info changed", "rink logo changed", "rink list changed"}},
-               {true, false, true, {"rink info changed", "rink logo changed", "rink list changed"}},
-               {true,
-                true,
-                true,
-                {"rink info changed", "rink logo changed", "rink logo changed", "rink list changed"}}};
-  for (const auto& c : cases) {
+  const std::tuple<bool, bool, bool, Texts> cases[] = {
+      {false, true, true, {"rink info changed", "rink list changed"}},
+      {true, true, false, {"rink info changed", "rink logo changed", "rink list changed"}},
+      {true, false, true, {"rink info changed", "rink logo changed", "rink list changed"}},
+      {true,
+       true,
+       true,
+       {"rink info changed", "rink logo changed", "rink logo changed", "rink list changed"}}};
+  for (const auto& [cached, changeLight, changeDark, posted] : cases) {
     const auto info = model.rinkInfo(30);
-    info->cachedLogoImage = info->cachedDarkLogoImage = c.cached ? image : nullptr;
+    info->cachedLogoImage = info->cachedDarkLogoImage = cached ? image : nullptr;
     RinkRecord& published = record(30);
-    if (c.changeLight) published.logoFileDate = published.logoFileDate.value_or(Instant{1.0}) + 1.0;
-    if (c.changeDark) {
+    if (changeLight) published.logoFileDate = published.logoFileDate.value_or(Instant{1.0}) + 1.0;
+    if (changeDark) {
       published.darkLogoFileDate = Instant{1.0};  // the file has the two together
       ++published.darkLogoFileSize;
     }
@@ -116,9 +113,9 @@ TEST_F(RinkListTest, AChangedLogoIsForgottenAndAnnouncedIfItWasAtHand) {
       EXPECT_EQ(delivery.object, nullptr);
       EXPECT_EQ(delivery.userInfo, (UserInfo{{"rinkID", 30}}));
     }
-    EXPECT_EQ(announced(), c.posted);
-    EXPECT_EQ(info->cachedLogoImage != nullptr, c.cached && !c.changeLight);
-    EXPECT_EQ(info->cachedDarkLogoImage != nullptr, c.cached && !c.changeDark);
+    EXPECT_EQ(announced(), posted);
+    EXPECT_EQ(info->cachedLogoImage != nullptr, cached && !changeLight);
+    EXPECT_EQ(info->cachedDarkLogoImage != nullptr, cached && !changeDark);
   }
 }
 

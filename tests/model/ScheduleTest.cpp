@@ -11,19 +11,16 @@ ScheduleItem item(SessionKind kind, std::int64_t day, std::int64_t time, std::in
 }
 
 TEST(ScheduleItemTest, AnItemAfterMidnightBelongsToTheNextDay) {
-  const struct {
-    std::int64_t day, time;
-    PackedDate realDate;
-    std::int64_t realTime;
-  } cases[] = {{0, 0, packedDate(2026, 3, 8), 0},
-               {2, 1439, packedDate(2026, 3, 10), 1439},
-               {2, 1440, packedDate(2026, 3, 11), 0},
-               {6, 1500, packedDate(2026, 3, 15), 60},
-               {6, 3000, packedDate(2026, 3, 15), 1560}};  // taken off once
-  for (const auto& c : cases) {
-    const ScheduleItem tested = item(SessionKind::meeting, c.day, c.time, 30);
-    EXPECT_EQ(tested.realDate(), c.realDate) << c.day << " " << c.time;
-    EXPECT_EQ(tested.realTime(), c.realTime) << c.day << " " << c.time;
+  const std::tuple<std::int64_t, std::int64_t, PackedDate, std::int64_t> cases[] = {
+      {0, 0, packedDate(2026, 3, 8), 0},
+      {2, 1439, packedDate(2026, 3, 10), 1439},
+      {2, 1440, packedDate(2026, 3, 11), 0},
+      {6, 1500, packedDate(2026, 3, 15), 60},
+      {6, 3000, packedDate(2026, 3, 15), 1560}};  // taken off once
+  for (const auto& [onDay, at, date, minute] : cases) {
+    const ScheduleItem tested = item(SessionKind::meeting, onDay, at, 30);
+    EXPECT_EQ(tested.realDate(), date) << onDay << " " << at;
+    EXPECT_EQ(tested.realTime(), minute) << onDay << " " << at;
   }
 }
 
@@ -58,9 +55,8 @@ TEST_F(ScheduleTest, VenuesAreShownByOrderThenKindThenName) {
   };
   const Venue ordered[] = {venue("Z", VenueKind::classRoom, -1), venue("b", VenueKind::iceSheet, 2),
                            venue("C", VenueKind::iceSheet, 2), venue("a", VenueKind::partyRoom, 2)};
-  for (int a = 0; a < 4; ++a) {
+  for (int a = 0; a < 4; ++a)
     for (int b = 0; b < 4; ++b) EXPECT_EQ(displaysBefore(ordered[a], ordered[b]), a < b) << a << " " << b;
-  }
   EXPECT_EQ(venue("", VenueKind::classRoom, 0).displayName(), "Classroom");
   EXPECT_EQ(venue("", VenueKind::artificialIce, 0).displayName(), "Artificial Ice");
   EXPECT_EQ(venue("Main", VenueKind::iceSheet, 0).displayName(), "Main");

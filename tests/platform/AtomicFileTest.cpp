@@ -90,9 +90,8 @@ TEST(AtomicFile, AFolderOutlivesAPowerCutWithWhatIsStoredInIt) {
 TEST(AtomicFile, OnlyLeftoversGo) {
   Store store(true);
   ASSERT_TRUE(store.disk.createFolders("/store/.folder.part"));
-  for (const char* name : {".f.part", ".part", "g.part", ".hidden"}) {
+  for (const char* name : {".f.part", ".part", "g.part", ".hidden"})
     ASSERT_TRUE(store.disk.write(join("/store", name), {}));
-  }
   removeLeftoverTemporaries(store.disk, "/store");
   std::string left;
   for (const FolderEntry& entry : *store.disk.list("/store")) left += entry.name + " ";

@@ -1,5 +1,11 @@
+#include <gtest/gtest.h>
+
 #include "EngineFixture.h"
+#include "foundation/DecodeError.h"
+#include "refresh/RootFile.h"
 #include "simulation/ports/CorruptBytes.h"
+#include "support/Encoded.h"
+#include "support/PublishedSite.h"
 
 namespace tarvel {
 namespace {
@@ -69,35 +75,20 @@ class DamagedFilesTest : public EngineFixture {
   RinkData* rink = nullptr;
 };
 
-TEST_F(DamagedFilesTest, AFileCutAtAnyLengthIsRefusedAndTheNextGoodOneHeals) {
+TEST_F(DamagedFilesTest, ADamagedFileIsRefusedAndTheNextGoodOneHeals) {
+  using Damage = std::function<Bytes(const Bytes&, std::size_t countOffset)>;
+  const std::pair<const char*, Damage> damages[] = {
+      {"nothing", [](const Bytes&, std::size_t) { return Bytes(); }},
+      {"all but a byte", [](const Bytes& whole, std::size_t) { return cutAt(whole, whole.size() - 1); }},
+      {"a huge count", [](const Bytes& whole, auto at) { return encoded(cutAt(whole, at), INT64_MAX); }},
+      {"no date", [](const Bytes& whole, std::size_t) { return overwrite(whole, 0, Bytes(8, 0xFF)); }}};
   for (const FileKindCase& kind : kinds()) {
-    const std::size_t size = site.files().at(kind.url).size();
-    for (std::size_t length = 0; length < size; ++length) {
-      SCOPED_TRACE(kind.url + " cut at " + std::to_string(length));
-      ASSERT_NO_FATAL_FAILURE(sufferAndHeal(kind, [&](const Bytes& whole) { return cutAt(whole, length); }));
+    for (const auto& [name, damage] : damages) {
+      if (kind.storedAs.empty() && name == std::string("no date")) continue;  // an index has none
+      SCOPED_TRACE(kind.url + ": " + name);
+      ASSERT_NO_FATAL_FAILURE(
+          sufferAndHeal(kind, [&](const Bytes& whole) { return damage(whole, kind.countOffset); }));
     }
-  }
-}
-
-TEST_F(DamagedFilesTest, HostileCountsAndLengthsAreRefused) {
-  const Bytes hostile[] = {{4, 0xFF, 0xFF, 0xFF, 0x7F},
-                           {8, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x7F},
-                           {9, 1, 1, 1, 1, 1, 1, 1, 1, 1},
-                           {0x80}};
-  for (const FileKindCase& kind : kinds()) {
-    for (const Bytes& count : hostile) {
-      SCOPED_TRACE(kind.url + " with a length byte of " + std::to_string(count[0]));
-      ASSERT_NO_FATAL_FAILURE(sufferAndHeal(kind, [&](const Bytes& whole) {
-        Bytes bad = cutAt(whole, kind.countOffset);
-        bad.insert(bad.end(), count.begin(), count.end());
-        bad.insert(bad.end(), whole.begin() + static_cast<std::ptrdiff_t>(kind.countOffset) + 2, whole.end());
-        return bad;
-      }));
-    }
-    if (kind.storedAs.empty()) continue;
-    ASSERT_NO_FATAL_FAILURE(sufferAndHeal(kind, [](const Bytes& whole) {
-      return overwrite(whole, 0, Bytes(8, 0xFF));
-    })) << "a date that is no number";
   }
 }
 
@@ -139,6 +130,77 @@ TEST_F(DamagedFilesTest, DamagedStoredFilesCountAsMissingEvenIfTheFirstRequestFa
     EXPECT_EQ(model().rinkList.size(), 2U);
     EXPECT_EQ(model().sessionName(0), "Ice Making");
   }
+}
+
+auto fieldsOf(const Release& release) {
+  return std::tie(release.date, release.appVersion, release.osMinimumVersion, release.url);
+}
+
+const Release kFirst{packedDate(2025, 1, 2), 5LL << 48, 1LL << 48, "https://a"};
+const Release kSecond{packedDate(2026, 1, 2), 6LL << 48, 2LL << 48, "https://b"};
+
+Bytes entry(const Release& release) {
+  return encoded(release.date, release.appVersion, release.osMinimumVersion, release.url);
+}
+
+Bytes operator+(const Bytes& a, const Bytes& b) {
+  return encoded(a, b);
+}
+
+Bytes releaseTables() {
+  return encoded(2, entry(kFirst), entry(kSecond), 1, entry(kFirst));
+}
+
+Bytes beta() {
+  return encoded(true, entry(kSecond));
+}
+
+TEST(RootFileTest, TheTailsAreOptional) {
+  PublishedSite site = PublishedSite::sample();
+  site.minimumVersion = 3;
+  const Bytes head = site.root();
+  const std::tuple<Bytes, std::size_t, bool> cases[] = {{head, 0, false},
+                                                        {head + releaseTables(), 2, false},
+                                                        {head + releaseTables() + Bytes{0}, 2, false},
+                                                        {head + releaseTables() + beta(), 2, true}};
+  for (const auto& [file, releases, hasBeta] : cases) {
+    const RootFile root = decodeRootFile(file);
+    EXPECT_EQ(root.currentVersion, 6LL << 48);
+    EXPECT_EQ(root.minimumVersion, 3);
+    EXPECT_EQ(root.applicationWebsiteURL, "https://tarvel.test");
+    ASSERT_EQ(root.files.size(), 3U);
+    EXPECT_EQ(root.files[2].relPath, "rinks.b1");
+    EXPECT_EQ(root.files[2].modDate, site.rinksDate.actual);
+    ASSERT_EQ(root.releases.size(), releases);
+    if (releases > 0) {
+      EXPECT_EQ(fieldsOf(root.releases[0]), fieldsOf(kFirst));
+      EXPECT_EQ(fieldsOf(root.releases[1]), fieldsOf(kSecond));
+    }
+    ASSERT_EQ(root.beta.has_value(), hasBeta);
+    EXPECT_EQ(fieldsOf(root.beta.value_or(kSecond)), fieldsOf(kSecond));
+  }
+}
+
+TEST(RootFileTest, AFileThatEndsWithinATailIsADecodeError) {
+  const Bytes head = PublishedSite::sample().root();
+  const Bytes tables = head + releaseTables();
+  const Bytes whole = tables + beta();
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    if (length == head.size() || length == tables.size()) continue;
+    EXPECT_THROW(decodeRootFile(cutAt(whole, length)), DecodeError) << length;
+  }
+  const Bytes master = encoded("main.b1", 1.5);
+  for (std::size_t length = 0; length < master.size(); ++length)
+    EXPECT_THROW(decodeMasterFile(cutAt(master, length)), DecodeError) << length;
+  EXPECT_THROW(decodeRootFile(head + Bytes{4, 0xFF, 0xFF, 0xFF, 0x7F}), DecodeError);
+  EXPECT_THROW(decodeRootFile(head + Bytes{0, 4, 0xFF, 0xFF, 0xFF, 0x7F}), DecodeError);
+}
+
+TEST(RootFileDeathTest, ANegativeCountStopsTheProgram) {
+  const Bytes head = PublishedSite::sample().root();
+  EXPECT_DEATH(decodeRootFile(head + Bytes{0xFF, 0xFF}), "negative count");
+  EXPECT_DEATH(decodeRootFile(head + Bytes{0, 0xFF, 0xFF}), "negative count");
+  EXPECT_DEATH(decodeRootFile(encoded(0, 0, 0, 0, "", -2)), "negative count");
 }
 
 }  // namespace

@@ -95,18 +95,16 @@ TEST_F(MasterRefreshTest, AMismatchIsLoggedAndTriedOnceMoreInHalfAnHour) {
 }
 
 TEST_F(MasterRefreshTest, AfterARestartTheStampsOfTheStateDecide) {
-  const struct {
-    double offDays;
-    double seconds;
-  } cases[] = {{1.0, kDay}, {3.0, 2.0}, {-400.0, 2 * kDay}};  // the last: a clock that was far ahead
-  for (const auto& c : cases) {
+  const std::pair<double, double> cases[] = {
+      {1.0, kDay}, {3.0, 2.0}, {-400.0, 2 * kDay}};  // the last: a clock that was far ahead
+  for (const auto& [offDays, seconds] : cases) {
     startWithCatalogue();
     refresh(model());
     quit();
-    sim.world.stepWall(c.offDays * kDay);
+    sim.world.stepWall(offDays * kDay);
     sim.http.clearRequests();
     start();
-    EXPECT_NEAR(model().secondsUntilRefresh(), c.seconds, 1.0) << c.offDays;
+    EXPECT_NEAR(model().secondsUntilRefresh(), seconds, 1.0) << offDays;
     EXPECT_EQ(requested(), Texts{}) << "both local files are there";
     engine.reset();
     (void)sim.disk.remove(kStore);

@@ -129,5 +129,25 @@ TEST_F(PhotosRefreshTest, AMismatchIsLogged) {
   EXPECT_EQ(rink->secondsUntilRefresh(), 1'800.0);
 }
 
+TEST_F(PhotosRefreshTest, ADamagedStoredCollectionCountsAsMissingEvenIfTheFirstRequestFails) {
+  const std::string name = "rink-7/photoCollection.b1";
+  const Bytes whole = stored(name).value();
+  const auto date = storedDateOf(name);
+  quit();
+  ASSERT_TRUE(sim.disk.write(kStore + "/" + name, Bytes(whole.begin(), whole.end() - 1)).ok());
+  ASSERT_TRUE(sim.disk.setAttributes(kStore + "/" + name, {date, std::nullopt}).ok());
+  sim.http.serveStatus(collectionUrl, 500);
+  start();
+  rink = &show(7);
+  for (const bool served : {false, true}) {
+    EXPECT_FALSE(rink->photo(5));
+    sim.world.runFor(1);
+    EXPECT_EQ(rink->photosFileRead, served);
+    EXPECT_TRUE(engine->logged("Unable to decode file: " + kStore + "/" + name));
+    EXPECT_EQ(stored(name), served ? std::optional(whole) : std::nullopt);
+    sim.http.serve(collectionUrl, whole);
+  }
+}
+
 }  // namespace
 }  // namespace tarvel

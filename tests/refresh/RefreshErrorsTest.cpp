@@ -75,23 +75,20 @@ TEST_F(RefreshErrorsTest, AConnectionErrorIsNotOverwrittenAndAPartFailureIsNoRef
   startWithCatalogue();
   const auto last = model().lastRefreshTimeStamp();
   const auto refused = HttpFailure{HttpFailure::Kind::transport, "offline"};
-  const struct {
-    HttpResult defs, rinks;
-    Kind kind;
-    double retry;
-  } cases[] = {{refused, HttpResponse{404, {}}, Kind::connectionError, 600},
-               {HttpResponse{404, {}}, refused, Kind::connectionError, 600},
-               {HttpResponse{404, {}}, HttpResponse{200, {1}}, Kind::invalidData, 14'400},
-               {HttpResponse{404, {}}, HttpResponse{200, site.rinkList()}, Kind::serverError, 14'400}};
-  for (const auto& c : cases) {
+  const std::tuple<HttpResult, HttpResult, Kind, double> cases[] = {
+      {refused, HttpResponse{404, {}}, Kind::connectionError, 600},
+      {HttpResponse{404, {}}, refused, Kind::connectionError, 600},
+      {HttpResponse{404, {}}, HttpResponse{200, {1}}, Kind::invalidData, 14'400},
+      {HttpResponse{404, {}}, HttpResponse{200, site.rinkList()}, Kind::serverError, 14'400}};
+  for (const auto& [defsReply, rinksReply, told, again] : cases) {
     site.defsDate.publishAnew();
     site.rinksDate.publishAnew();
-    answer(defs, c.defs);
-    answer(rinks, c.rinks);
+    answer(defs, defsReply);
+    answer(rinks, rinksReply);
     refresh(model());
-    EXPECT_EQ(model().errorKind(), c.kind);
+    EXPECT_EQ(model().errorKind(), told);
     EXPECT_EQ(model().lastRefreshTimeStamp(), last);
-    EXPECT_EQ(model().secondsUntilRefresh(), c.retry);
+    EXPECT_EQ(model().secondsUntilRefresh(), again);
   }
 }
 
@@ -128,15 +125,12 @@ TEST_F(RefreshErrorsTest, ARinkInErrorIsTriedAtOnceWhileTheCatalogueHasNoConnect
 
 TEST_F(RefreshErrorsTest, TheErrorLogLosesItsOldestEntryBeyond4000Characters) {
   const std::string entry = "3/8/2026 12:00:05 pm  --  Server error\n404 Not Found";
-  const struct {
-    std::size_t characters;
-    bool losesFirst;
-  } cases[] = {{4000, false}, {4001, true}};
-  for (const auto& c : cases) {
-    const std::string rest = "\n\n" + std::string(c.characters - 12, 'b');
+  const std::pair<std::size_t, bool> cases[] = {{4000, false}, {4001, true}};
+  for (const auto& [characters, losesFirst] : cases) {
+    const std::string rest = "\n\n" + std::string(characters - 12, 'b');
     std::string log = "first line" + rest;
     appendErrorEntry(log, entry);
-    EXPECT_EQ(log, (c.losesFirst ? rest.substr(2) : "first line" + rest) + "\n\n" + entry);
+    EXPECT_EQ(log, (losesFirst ? rest.substr(2) : "first line" + rest) + "\n\n" + entry);
   }
   std::string single(5000, 'x'), empty, wide;
   appendErrorEntry(single, "y");

@@ -98,17 +98,15 @@ TEST_F(RinkChangesTest, AWeekThatIsNoLongerListedStaysUntilItLeavesTheRange) {
 
 TEST_F(RinkChangesTest, TheRangeFollowsTheServerFromAWeekAgoOn) {
   using Range = std::pair<PackedDate, PackedDate>;
-  const struct {
-    Range published, taken;
-    bool announced;
-  } cases[] = {{{kLastWeek, kLaterWeek}, {kLastWeek, kLaterWeek}, false},
-               {{packedDate(2025, 1, 5), kLaterWeek}, {kLastWeek, kLaterWeek}, false},
-               {{kThisWeek, packedDate(2026, 5, 3)}, {kThisWeek, packedDate(2026, 5, 3)}, true},
-               {{packedDate(2025, 1, 5), packedDate(2025, 2, 2)}, {kLastWeek, kThisWeek}, true}};
-  for (const auto& c : cases) {
-    std::tie(published().firstWeek, published().lastWeek) = c.published;
-    EXPECT_EQ(refreshMain()[0] == "date range changed", c.announced);
-    EXPECT_EQ(Range(rink->firstWeek, rink->lastWeek), c.taken);
+  const std::tuple<Range, Range, bool> cases[] = {
+      {{kLastWeek, kLaterWeek}, {kLastWeek, kLaterWeek}, false},
+      {{packedDate(2025, 1, 5), kLaterWeek}, {kLastWeek, kLaterWeek}, false},
+      {{kThisWeek, packedDate(2026, 5, 3)}, {kThisWeek, packedDate(2026, 5, 3)}, true},
+      {{packedDate(2025, 1, 5), packedDate(2025, 2, 2)}, {kLastWeek, kThisWeek}, true}};
+  for (const auto& [offered, taken, announced] : cases) {
+    std::tie(published().firstWeek, published().lastWeek) = offered;
+    EXPECT_EQ(refreshMain()[0] == "date range changed", announced);
+    EXPECT_EQ(Range(rink->firstWeek, rink->lastWeek), taken);
   }
 }
 
@@ -124,29 +122,26 @@ TEST_F(RinkChangesTest, AFolderOnAnotherWeekThanThePromisedIsBroughtUpToDate) {
 }
 
 TEST_F(RinkChangesTest, ARefreshCleansTheFolder) {
-  const struct {
-    const char* name;
-    bool goes;
-  } cases[] = {{"venue-3_week-2020-01-05.b1", true},
-               {"venue-9_week-2026-03-29.b1", true},
-               {"venue-9_week-2026-03-15.b1", false},
-               {"venue-1_week-2026-03-15", true},
-               {"venue-1_week-2026-03-15.b2", true},
-               {"venue-1_week-2026-03-15.old.b1", false},
-               {"venue-1_week-2020-01-05.old.b1", true},
-               {"venue-1.schedules.b1", true},
-               {"venues.x.y", true},
-               {"venue.a.b.c", false},
-               {"venue-9_schedules.b1", false},
-               {"old-venue.x.y", false},
-               {"notices.b1", false},
-               {"picture.jpg", false},
-               {".venue-3_week-2020-01-05.b1", false}};
-  for (const auto& c : cases) put(c.name);
+  const std::pair<const char*, bool> cases[] = {{"venue-3_week-2020-01-05.b1", true},
+                                                {"venue-9_week-2026-03-29.b1", true},
+                                                {"venue-9_week-2026-03-15.b1", false},
+                                                {"venue-1_week-2026-03-15", true},
+                                                {"venue-1_week-2026-03-15.b2", true},
+                                                {"venue-1_week-2026-03-15.old.b1", false},
+                                                {"venue-1_week-2020-01-05.old.b1", true},
+                                                {"venue-1.schedules.b1", true},
+                                                {"venues.x.y", true},
+                                                {"venue.a.b.c", false},
+                                                {"venue-9_schedules.b1", false},
+                                                {"old-venue.x.y", false},
+                                                {"notices.b1", false},
+                                                {"picture.jpg", false},
+                                                {".venue-3_week-2020-01-05.b1", false}};
+  for (const auto& [file, goes] : cases) put(file);
   const std::string folder = "venue-3_week-2020-01-05.x.b1";
   EXPECT_TRUE(sim.disk.createFolders(kStore + "/rink-7/" + folder).ok());
   refresh(*rink);
-  for (const auto& c : cases) EXPECT_EQ(!stored("rink-7/" + std::string(c.name)), c.goes) << c.name;
+  for (const auto& [file, goes] : cases) EXPECT_EQ(!stored("rink-7/" + std::string(file)), goes) << file;
   EXPECT_TRUE(sim.disk.info(kStore + "/rink-7/" + folder));
   EXPECT_TRUE(sim.console.printed("removing file: " + kStore + "/rink-7/venue-3_week-2020-01-05.b1"));
 }

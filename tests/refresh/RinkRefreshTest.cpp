@@ -38,13 +38,12 @@ TEST_F(RinkRefreshTest, AChosenRinkFetchesWhatIsShownAndTheWeeksOfNowAndNext) {
   EXPECT_EQ(rink.lastRefreshTimeStamp(), sim.world.now());
   EXPECT_EQ(rink.secondsUntilRefresh(), 14'400.0);
   EXPECT_EQ(rink.refreshName(), "Arctic");
-  const struct {
-    NotificationName name;
-    std::size_t count;
-  } counts[] = {{kDateRangeChanged, 1}, {kVenuesChanged, 1},          {kCoverPhotoChanged, 1},
-                {kSchedulesChanged, 2}, {kWeeklyScheduleChanged, 12}, {kRefreshStatusChanged, 1},
-                {kRinkListChanged, 0}};
-  for (const auto& c : counts) EXPECT_EQ(recorder.count(c.name, &rink), c.count) << c.name.text;
+  const std::pair<NotificationName, std::size_t> counts[] = {
+      {kDateRangeChanged, 1}, {kVenuesChanged, 1},          {kCoverPhotoChanged, 1},
+      {kSchedulesChanged, 2}, {kWeeklyScheduleChanged, 12}, {kRefreshStatusChanged, 1},
+      {kRinkListChanged, 0}};
+  for (const auto& [announced, times] : counts)
+    EXPECT_EQ(recorder.count(announced, &rink), times) << announced.text;
 
   sim.http.clearRequests();
   EXPECT_EQ(itemsOf(rink, kLaterWeek), -1);
@@ -53,9 +52,8 @@ TEST_F(RinkRefreshTest, AChosenRinkFetchesWhatIsShownAndTheWeeksOfNowAndNext) {
   EXPECT_EQ(itemsOf(rink, kLaterWeek), 3);
   EXPECT_EQ(requested(), urls({"venue-1_week-2026-03-22.b1"})) << "once, when a view asks";
   EXPECT_EQ(rink.lastRefreshTimeStamp(), sim.world.now() - 1.0) << "no refresh";
-  for (const char* name : {"main.b1", "venue-3_schedules.b1", "venue-1_week-2026-03-08.b1"}) {
+  for (const char* name : {"main.b1", "venue-3_schedules.b1", "venue-1_week-2026-03-08.b1"})
     EXPECT_EQ(stored("rink-7/" + std::string(name)), site.files().at(site.rinks[0].url(name))) << name;
-  }
   EXPECT_EQ(storedDateOf("rink-7/main.b1"), Instant{792'000'000.75});
   EXPECT_EQ(storedDateOf("rink-7/venue-1_week-2026-03-22.b1"), main().weeks[3].date.actual);
   EXPECT_FALSE(stored("rink-7/master.b1"));
@@ -64,33 +62,26 @@ TEST_F(RinkRefreshTest, AChosenRinkFetchesWhatIsShownAndTheWeeksOfNowAndNext) {
 TEST_F(RinkRefreshTest, ARinkIsRefreshedWhenItComesOnScreenIfThatIsDue) {
   startWithCatalogue();
   RinkData& rink = show(7);
-  const struct {
-    DownloadErrorKind kind;
-    std::optional<double> ago;
-    bool due;
-  } cases[] = {{DownloadErrorKind::noError, 14'399.0, false},
-               {DownloadErrorKind::noError, 14'400.0, true},
-               {DownloadErrorKind::noError, std::nullopt, true},
-               {DownloadErrorKind::noError, -1.0, false},
-               {DownloadErrorKind::serverError, 1.0, true}};
-  for (const auto& c : cases) {
-    rink.refreshState.errorKind = c.kind;
+  const std::tuple<DownloadErrorKind, std::optional<double>, bool> cases[] = {
+      {DownloadErrorKind::noError, 14'399.0, false},
+      {DownloadErrorKind::noError, 14'400.0, true},
+      {DownloadErrorKind::noError, std::nullopt, true},
+      {DownloadErrorKind::noError, -1.0, false},
+      {DownloadErrorKind::serverError, 1.0, true}};
+  for (const auto& [kind, ago, due] : cases) {
+    rink.refreshState.errorKind = kind;
     rink.refreshState.lastRefreshTimeStamp.reset();
-    if (c.ago) rink.refreshState.lastRefreshTimeStamp = sim.world.now() - *c.ago;
+    if (ago) rink.refreshState.lastRefreshTimeStamp = sim.world.now() - *ago;
     sim.http.clearRequests();
     rink.refresher().refreshIfDue();
     sim.world.runFor(0);
-    EXPECT_EQ(requested(), c.due ? urls({"master.b1"}) : Texts{});
+    EXPECT_EQ(requested(), due ? urls({"master.b1"}) : Texts{});
   }
 }
 
 TEST_F(RinkRefreshTest, MismatchesAreLoggedAndTriedOnceMoreInHalfAnHour) {
   const auto shift = [](PublishedDate& date, double seconds) { date.promised = date.actual + seconds; };
-  const struct {
-    const char* file;
-    std::function<void()> publish;
-    std::string message;
-  } cases[] = {
+  const std::tuple<const char*, std::function<void()>, std::string> cases[] = {
       {"main.b1", [&] { shift(site.rinks[0].mainDate, 3600.25); },
        "date mismatch for main.b1 - Arctic\n    modified  2/5/2026 4:00:00 pm\n    expected  2/5/2026 "
        "5:00:01 pm"},
@@ -110,21 +101,21 @@ TEST_F(RinkRefreshTest, MismatchesAreLoggedAndTriedOnceMoreInHalfAnHour) {
        "date mismatch for fileName - Arctic\n    modified  2/5/2026 4:01:48 pm\n    expected  2/5/2026 "
        "4:01:49 pm"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.file);
+  for (const auto& [file, change, message] : cases) {
+    SCOPED_TRACE(file);
     site = PublishedSite::sample();
     startWithCatalogue();
     RinkData& rink = show(7);
-    c.publish();
+    change();
     refresh(rink);
     ASSERT_EQ(engine->log->logMessages().size(), 1U);
-    EXPECT_EQ(engine->log->logMessages()[0].msg, c.message);
+    EXPECT_EQ(engine->log->logMessages()[0].msg, message);
     EXPECT_EQ(rink.errorKind(), DownloadErrorKind::noError);
     EXPECT_EQ(rink.secondsUntilRefresh(), 1'800.0);
     EXPECT_EQ(rink.venues[0]->weeklySchedule(kThisWeek)->downloadStatus(), DownloadStatus::idle());
     sim.http.clearRequests();
     sim.world.runFor(1'800.0);
-    EXPECT_EQ(sim.http.requestCount(site.rinks[0].url(c.file)), 1U);
+    EXPECT_EQ(sim.http.requestCount(site.rinks[0].url(file)), 1U);
     EXPECT_EQ(rink.secondsUntilRefresh(), 14'400.0) << "a second mismatch waits for the ordinary time";
     engine.reset();
     (void)sim.disk.remove(kStore);

@@ -54,9 +54,8 @@ TEST(CalendarLayout, monthsAreAsHighAsTheirWeeks) {
 TEST(CalendarLayout, marksTheSelectionAndWhatIsOutOfRange) {
   const auto daysOf = [](const CalendarMonth& month, Role role) {
     std::set<int> days;
-    for (const CalendarDay& day : month.days) {
+    for (const CalendarDay& day : month.days)
       if (day.role == role) days.insert(dayOf(day.date));
-    }
     return days;
   };
   const CalendarLayout layout = spring();

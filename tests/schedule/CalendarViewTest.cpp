@@ -1,8 +1,5 @@
 #include "schedule/CalendarView.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -153,6 +150,31 @@ TEST_F(CalendarViewTest, keysMoveByWhatCanBeSeen) {
     press(key);
     EXPECT_EQ(view->currentDate(), date) << key;
   }
+}
+
+TEST_F(CalendarViewTest, todayMovesWithTheMachinesDayAndZone) {
+  struct : QObject {
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+  } paints;
+  show();
+  view->installEventFilter(&paints);
+  const auto paintsOfAMinute = [&] {
+    paints.count = 0;
+    world.sim.notifications.postNotification(kCurrentTimeOfDayChanged);
+    world.runUntilIdle();
+    QApplication::processEvents();
+    return paints.count;
+  };
+  EXPECT_EQ(paintsOfAMinute(), 0);
+  world.sim.world.setMachineZone(*TimeZone::named("Pacific/Kiritimati"));  // Thursday there
+  EXPECT_EQ(paintsOfAMinute(), 1);
+  EXPECT_EQ(paintsOfAMinute(), 0);
+  world.sim.world.stepWall(-86'400.0);
+  EXPECT_EQ(paintsOfAMinute(), 1);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QPainter>
 #include <QScrollArea>
 #include <QTest>
@@ -20,14 +18,9 @@ constexpr int kWidth = 200;
 constexpr int kHeight = 100;
 
 TEST(PagePlaces, FollowTheAmountOfASwipe) {
-  struct Case {
-    const char* name;
-    double amount;
-    bool before, after;
-    GestureStep expected;
-  };
   const PagePlaces rest = pagesAtRest(kWidth);
-  const Case cases[] = {
+  // The swipe's amount, whether there are pages before and after, and what follows.
+  const std::tuple<const char*, double, bool, bool, GestureStep> cases[] = {
       {"at rest", 0.0, true, true, {rest, PageTurn::none}},
       {"uncovers the next", -0.25, true, true, {{{-200, 1}, {-50, 1}, {0, 0.25}}, PageTurn::none}},
       {"next", -1.0, true, true, {rest, PageTurn::toNext}},
@@ -36,10 +29,10 @@ TEST(PagePlaces, FollowTheAmountOfASwipe) {
       {"no page after", -1.0, true, false, {{{-200, 1}, {-200, 1}, {0, 0}}, PageTurn::none}},
       {"no page before", 0.5, false, true, {{{-200, 1}, {100, 1}, {0, 0}}, PageTurn::none}},
   };
-  for (const Case& c : cases) {
-    const GestureStep step = gestureStep(c.amount, kWidth, c.before, c.after);
-    EXPECT_EQ(step.places, c.expected.places) << c.name;
-    EXPECT_EQ(step.turn, c.expected.turn) << c.name;
+  for (const auto& [name, amount, before, after, expected] : cases) {
+    const GestureStep step = gestureStep(amount, kWidth, before, after);
+    EXPECT_EQ(step.places, expected.places) << name;
+    EXPECT_EQ(step.turn, expected.turn) << name;
   }
 }
 
@@ -134,9 +127,8 @@ class PagingTest : public testing::Test, public PagingViewDelegateProtocol {
 
   std::vector<int> numbers() const {
     std::vector<int> result;
-    for (PagedView* page : {view->prevView(), view->currView(), view->nextView()}) {
+    for (PagedView* page : {view->prevView(), view->currView(), view->nextView()})
       result.push_back(static_cast<Page*>(page)->number);
-    }
     return result;
   }
   void wheel(QPoint pixels, QPoint units, Qt::ScrollPhase phase, Qt::KeyboardModifiers modifiers = {}) {

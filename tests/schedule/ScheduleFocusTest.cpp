@@ -1,42 +1,25 @@
-#include <gtest/gtest.h>
-
 #include <QAccessible>
-#include <QApplication>
-#include <QTest>
-#include <tuple>
 
-#include "Items.h"
-#include "ScheduleTestOwner.h"
-#include "ScheduleWorld.h"
+#include "SchedulePageTest.h"
 #include "schedule/CalendarView.h"
 #include "schedule/DailyScheduleView.h"
 #include "schedule/WeeklyScheduleView.h"
-#include "ui/Window.h"
 
 namespace tarvel {
 namespace {
 
-using test::kWeekOf;
-using test::ScheduleTestOwner;
-using test::ScheduleWorld;
-
-constexpr PackedDate kWednesday = packedDate(2026, 3, 18);
-
 /// Wednesday, 10:00, is now. Near's week: Tuesday a public session from 10:00 to 12:00, Wednesday a freestyle
 /// from 15:00 to 16:00, one from 17:00 on, and one that takes no time; Saturday one that begins after
 /// midnight.
-class ScheduleFocusTest : public testing::Test {
+class ScheduleFocusTest : public test::SchedulePageTest {
  protected:
   ScheduleFocusTest() {
-    world.addRink(1, "Rink");
-    rink = world.openRink(1, {ScheduleWorld::venue(4, "Far", 2), ScheduleWorld::venue(7, "Near", 1)});
-    rink->venue(7)->weeklySchedule(kWeekOf)->adopt(
-        {{},
-         {{SessionKind::publicSession, 2, 600, 120, "", ""},
-          {SessionKind::freestyle, 3, 900, 60, "", ""},
-          {SessionKind::freestyle, 3, 960, 0, "", ""},
-          {SessionKind::freestyle, 3, 1020, 60, "Adults", "bring gloves"},
-          {SessionKind::publicSession, 6, 1470, 60, "", ""}}});
+    weekOf(7).adopt({{},
+                     {{SessionKind::publicSession, 2, 600, 120, "", ""},
+                      {SessionKind::freestyle, 3, 900, 60, "", ""},
+                      {SessionKind::freestyle, 3, 960, 0, "", ""},
+                      {SessionKind::freestyle, 3, 1020, 60, "Adults", "bring gloves"},
+                      {SessionKind::publicSession, 6, 1470, 60, "", ""}}});
     window.resize(760, 594);
   }
   ~ScheduleFocusTest() override {
@@ -54,10 +37,6 @@ class ScheduleFocusTest : public testing::Test {
     window.makeKeyAndOrderFront();
     settle();
   }
-  void settle() {
-    world.runUntilIdle();
-    QApplication::processEvents();
-  }
   /// As one who goes about by the keyboard.
   void goTo(QWidget* view, Qt::FocusReason reason = Qt::TabFocusReason) {
     window.setAttribute(Qt::WA_KeyboardFocusChange);
@@ -70,10 +49,6 @@ class ScheduleFocusTest : public testing::Test {
     return node ? node->name.toStdString() : "";
   }
 
-  ScheduleWorld world;
-  ScheduleTestOwner owner;
-  std::shared_ptr<RinkData> rink;
-  Window window;
   DailyScheduleView* day = new DailyScheduleView(world.context, owner, &window);
   WeeklyScheduleView* week = new WeeklyScheduleView(world.context, owner, &window);
 };
@@ -146,7 +121,7 @@ TEST_F(ScheduleFocusTest, aDayIsATableOfVenues) {
   day->pressAccessible(tree.children[1].id);
   EXPECT_EQ(owner.gone, std::tuple(4, kWednesday, 300));
   day->pressAccessible("no such id");
-  rink->venue(7)->weeklySchedule(kWeekOf)->adopt({});
+  weekOf(7).adopt({});
   day->needsData();
   EXPECT_TRUE(day->accessibleTree().children.empty()) << "while data is awaited";
   settle();

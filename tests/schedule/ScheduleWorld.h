@@ -1,4 +1,7 @@
 #pragma once
+#include <gtest/gtest.h>
+
+#include <QApplication>
 #include <memory>
 #include <string>
 #include <vector>
@@ -6,6 +9,7 @@
 #include "auxwindows/WindowContext.h"
 #include "simulation/ports/SimServices.h"
 #include "support/RecordingSoundPlayer.h"
+#include "support/RecordingWorkspace.h"
 
 namespace tarvel::test {
 
@@ -63,36 +67,6 @@ class RecordingApplication : public ApplicationProtocol {
   std::vector<std::pair<WindowController*, SaveFrame>> removed;
 };
 
-class WakingWorkspace : public Workspace {
- public:
-  bool openUrl(const std::string& url) override {
-    opened.push_back(url);
-    return true;
-  }
-  bool openLocation(double latitude, double longitude) override {
-    opened.push_back("at " + std::to_string(latitude) + " " + std::to_string(longitude));
-    return true;
-  }
-  std::unique_ptr<Subscription> onWake(std::function<void()> handler) override {
-    handlers.push_back(std::make_shared<std::function<void()>>(std::move(handler)));
-    return std::make_unique<Sub>(handlers.back());
-  }
-  void wake() {
-    for (const auto& handler : handlers) {
-      if (*handler) (*handler)();
-    }
-  }
-  std::vector<std::string> opened;
-
- private:
-  struct Sub : Subscription {
-    explicit Sub(std::shared_ptr<std::function<void()>> h) : handler(std::move(h)) {}
-    ~Sub() override { *handler = nullptr; }
-    std::shared_ptr<std::function<void()>> handler;
-  };
-  std::vector<std::shared_ptr<std::function<void()>>> handlers;
-};
-
 /// The model and all that a window is given, over a simulated machine whose zone is UTC. It is Wednesday,
 /// 2026-03-18, 10:00.
 struct ScheduleWorld {
@@ -134,6 +108,11 @@ struct ScheduleWorld {
     return dynamic_cast<RecordingRinkRefresher&>(rink.refresher());
   }
   void runUntilIdle() { sim.world.runUntilIdle(); }
+  /// With what the toolkit has been asked for.
+  void settle() {
+    runUntilIdle();
+    QApplication::processEvents();
+  }
 
   static constexpr Instant kStart{795'520'800.0};  // 2026-03-18 10:00 UTC
   static constexpr Instant kFileDate{795'000'000.0};
@@ -144,11 +123,19 @@ struct ScheduleWorld {
   RecordingMasterRefresher refresher;
   RecordingApplication application;
   RecordingSoundPlayer sounds;
-  WakingWorkspace workspace;
+  RecordingWorkspace workspace;
   ObserverCensus census;
   DataModel dataModel{sim.services, *errorLog, clockTimer, "/support", "http://rinks.test"};
   WindowContext context{sim.services, dataModel, *errorLog,   clockTimer,
                         workspace,    census,    application, sounds};
+};
+
+/// A test over that world.
+class ScheduleWorldTest : public testing::Test {
+ protected:
+  void settle() { world.settle(); }
+
+  ScheduleWorld world;
 };
 
 }  // namespace tarvel::test

@@ -5,10 +5,14 @@
 #include "ui/Icons.h"
 #include "ui/SystemAppearance.h"
 
+// Of all rooms from the auxiliary windows on. Without a display, also while the build lists the tests.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  // Also while the build lists the tests, which may be on a machine without a display.
+#ifdef TARVEL_TEST_SCREEN  // a room that needs screens of a certain size
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TARVEL_TEST_SCREEN);
+#else
   qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
   int nameAlone = 1;
   QApplication application(nameAlone, argv);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -229,6 +229,8 @@ INSTANTIATE_TEST_SUITE_P(
         PlantedFault{"aRefreshComesEarly", Alarm::interval, daily([](SimProgram& program, SimWorld&) {
                        program.model.refresher().performRefresh();
                      })},
+        PlantedFault{"aReturnIsMadeUp", Alarm::interval,
+                     daily([](SimProgram& program, SimWorld&) { program.networkReturn.networkCameBack(); })},
         PlantedFault{"aTimerIsDropped", Alarm::timers, daily([](SimProgram& program, SimWorld&) {
                        program.model.refresher().invalidateTimer();
                      })},

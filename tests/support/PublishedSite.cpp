@@ -105,12 +105,15 @@ std::map<std::string, Bytes> PublishedSite::files() const {
   return files;
 }
 
+HttpResponse PublishedSite::answer(const std::string& url) const {
+  const auto all = files();
+  const auto found = all.find(url);
+  return found == all.end() ? HttpResponse{404, {}} : HttpResponse{200, found->second};
+}
+
 void PublishedSite::serveOn(ScriptedHttpClient& http, const std::string& prefix) const {
-  http.handlePrefix(prefix, [this](const ScriptedHttpClient::Request& request) {
-    const auto all = files();
-    const auto found = all.find(request.url);
-    return found == all.end() ? HttpResponse{404, {}} : HttpResponse{200, found->second};
-  });
+  http.handlePrefix(prefix,
+                    [this](const ScriptedHttpClient::Request& request) { return answer(request.url); });
 }
 
 namespace {
@@ -124,9 +127,8 @@ PublishedVenue sampleVenue(std::int64_t id, const std::string& name, double date
     PublishedWeek week;
     week.weekOf = packedDate(2026, 3, day);
     week.date.actual = {date + day + 0.0625};
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; ++i)
       week.items.push_back({kinds[i], i, 600 + 60 * i, 45, i == 2 ? "Family" : "", "note"});
-    }
     venue.weeks.push_back(std::move(week));
   }
   return venue;

@@ -75,8 +75,10 @@ struct PublishedSite {
   Bytes rinkList() const;
   /// Every file there is, by its URL.
   std::map<std::string, Bytes> files() const;
-  /// Lets every URL that begins so answer with the site as it is at that moment, 404 for what it doesn't
-  /// have. The site outlives the client's use.
+  /// What its servers answer: 404 for what it doesn't have.
+  HttpResponse answer(const std::string& url) const;
+  /// Lets every URL that begins so answer with the site as it is at that moment. The site outlives the
+  /// client's use.
   void serveOn(ScriptedHttpClient& http, const std::string& prefix = "http://") const;
 
   /// Rinks 7 (two venues, two weeks each side of 2026-03-08, America/Denver) and 12 (one venue).

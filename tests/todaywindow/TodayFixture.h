@@ -1,8 +1,4 @@
 #pragma once
-#include <gtest/gtest.h>
-
-#include <QApplication>
-
 #include "platform/ScreenInhibitor.h"
 #include "schedule/ScheduleWorld.h"
 #include "todaywindow/KioskWindow.h"
@@ -38,7 +34,7 @@ class KioskApplication : public RecordingApplication {
 /// Today windows over the model of a simulated machine. It is Wednesday, 2026-03-18, 10:00. Venue 4 of rink 1
 /// has a public session at 10:00, a resurfacing at 12:00, freestyle from 12:15 to 13:00, and on its late
 /// night a rental from 22:00 to 1:30.
-class TodayFixture : public testing::Test {
+class TodayFixture : public ScheduleWorldTest {
  protected:
   TodayFixture() {
     world.addRink(1, "North");
@@ -67,10 +63,6 @@ class TodayFixture : public testing::Test {
   std::shared_ptr<WeeklySchedule> week(std::int64_t venueID) {
     return rink->venue(venueID)->weeklySchedule(packedDate(2026, 3, 15));
   }
-  void settle() {
-    world.runUntilIdle();
-    QApplication::processEvents();
-  }
   void tick() {
     rink->updateTimeWithNow(world.sim.pretendTime.now());
     settle();
@@ -89,7 +81,6 @@ class TodayFixture : public testing::Test {
     tick();
   }
 
-  ScheduleWorld world;
   KioskApplication application;
   WindowContext context{world.sim.services, world.dataModel, *world.errorLog, world.clockTimer,
                         world.workspace,    world.census,    application,     world.sounds};

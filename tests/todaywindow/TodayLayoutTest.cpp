@@ -19,11 +19,7 @@ ScheduleItems itemsAt(const std::vector<std::pair<std::int64_t, std::int64_t>>& 
 TEST(TodayLayout, RangeHoldsAllItemsOnHalfHours) {
   constexpr DayRange kView = TodayLayout::kLeastRange;
   constexpr DayRange kWindow{300, 1440};
-  const struct {
-    std::vector<std::pair<std::int64_t, std::int64_t>> spans;
-    DayRange floor;
-    DayRange range;
-  } cases[] = {
+  const std::tuple<std::vector<std::pair<std::int64_t, std::int64_t>>, DayRange, DayRange> cases[] = {
       {{}, kView, {480, 1200}},
       {{{370, 1340}}, kView, {360, 1350}},
       {{{540, 600}, {1155, 1215}}, kView, {480, 1230}},
@@ -32,10 +28,8 @@ TEST(TodayLayout, RangeHoldsAllItemsOnHalfHours) {
       {{{1410, 1530}}, kWindow, {300, 1530}},
       {{{299, 400}}, kWindow, {270, 1440}},
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(todayRange(itemsAt(c.spans), c.floor), c.range)
-        << c.range.startOfDay << ".." << c.range.endOfDay;
-  }
+  for (const auto& [sessions, floor, range] : cases)
+    EXPECT_EQ(todayRange(itemsAt(sessions), floor), range) << range.startOfDay << ".." << range.endOfDay;
 }
 
 struct Shape {
@@ -99,9 +93,8 @@ TEST(TodayLayout, ScrollsAFifthDownWithinTheView) {
 TEST(TodayLayout, OfOverlappingSessionsTheLaterInTheListIsOn) {
   const ScheduleItems items = itemsAt({{600, 700}, {650, 720}, {710, 720}});
   const std::pair<std::int64_t, int> cases[] = {{599, -1}, {600, 0}, {649, 0}, {650, 1}, {719, 2}, {720, -1}};
-  for (const auto& [minute, index] : cases) {
+  for (const auto& [minute, index] : cases)
     EXPECT_EQ(todayItemAt(items, minute), index < 0 ? nullptr : items[std::size_t(index)].get()) << minute;
-  }
 }
 
 /// What the window's band holds must neither overlap nor leave the window, however small or large it is.

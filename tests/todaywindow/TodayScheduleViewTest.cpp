@@ -1,13 +1,12 @@
 #include "todaywindow/TodayScheduleView.h"
 
-#include <QPaintEvent>
 #include <QScrollBar>
 #include <QVariantAnimation>
 #include <set>
-#include <tuple>
 
 #include "TodayFixture.h"
 #include "schedule/ScheduleTestOwner.h"
+#include "ui/Painted.h"
 
 namespace tarvel {
 namespace {
@@ -62,13 +61,7 @@ TEST_F(TodayScheduleViewTest, NoLetterIsCutByALowBar) {
 }
 
 TEST_F(TodayScheduleViewTest, AMinuteRepaintsTheMarkersStripAlone) {
-  struct Repaints : QObject {
-    QRegion region;
-    bool eventFilter(QObject*, QEvent* event) override {
-      if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
-      return false;
-    }
-  } repaints;
+  test::Repaints repaints;
   TodayScheduleView& view = show();
   view.installEventFilter(&repaints);
   passMinutes(1);

@@ -17,11 +17,8 @@ constexpr PackedDate kWednesday = packedDate(2026, 3, 18);
 
 TEST_F(TodayWindowControllerTest, ChimesBetweenSessionsMinuteByMinute) {
   const auto controller = open({{"chimeOption", true}});
-  const struct {
-    const char* name;
-    std::int64_t from;  ///< jumped to, in silence
-    std::size_t chimes;
-  } cases[] = {
+  // from: jumped to, in silence
+  const std::tuple<const char*, std::int64_t, std::size_t> cases[] = {
       {"from a session to a resurfacing", 719, 1},
       {"from a resurfacing to a session", 734, 1},
       {"from a session to nothing", 779, 1},
@@ -30,11 +27,11 @@ TEST_F(TodayWindowControllerTest, ChimesBetweenSessionsMinuteByMinute) {
       {"past midnight", 1439, 0},
       {"a late session ends", 1529, 1},
   };
-  for (const auto& c : cases) {
-    jumpTo(c.from);
-    EXPECT_EQ(chimes(), 0U) << c.name << ": the jump";
+  for (const auto& [name, from, heard] : cases) {
+    jumpTo(from);
+    EXPECT_EQ(chimes(), 0U) << name << ": the jump";
     passMinutes(1);
-    EXPECT_EQ(chimes(), c.chimes) << c.name;
+    EXPECT_EQ(chimes(), heard) << name;
     world.sounds.played.clear();
   }
 }
@@ -76,28 +73,23 @@ TEST_F(TodayWindowControllerTest, OfSeveralWindowsTheFrontOneSpeaks) {
 TEST_F(TodayWindowControllerTest, ALateNightBelongsToTheDayBefore) {
   const auto opened = [&] { return open(); };
   auto controller = opened();
-  const struct {
-    std::int64_t minute;
-    PackedDate date;
-    std::int64_t time;
-    const char* clock;
-  } cases[] = {
+  const std::tuple<std::int64_t, PackedDate, std::int64_t, const char*> cases[] = {
       {1439, kWednesday, 1439, "11:59 pm"},        {1470, kWednesday, 1470, "12:30 am"},
       {1530, kWednesday, 1530, "1:30 am"},         {1531, nextDay(kWednesday), 91, "1:31 am"},
       {1900, nextDay(kWednesday), 460, "7:40 am"},
   };
-  for (const auto& c : cases) {
-    jumpTo(c.minute);
+  for (const auto& [moment, date, time, clock] : cases) {
+    jumpTo(moment);
     // A window that opens then sees the same as one that has stood there since the evening.
     for (int i = 0; i < 2; ++i, controller = opened()) {
       const TodayScheduleView& view = controller->todayScheduleView();
-      EXPECT_EQ(view.currentDate(), c.date) << c.clock;
-      EXPECT_EQ(view.currentTime(), c.time) << c.clock;
-      EXPECT_EQ(controller->currentDate(), c.date) << c.clock;
-      EXPECT_EQ(controller->views().timeField().text(), c.clock);
-      const PackedDate real = c.minute < 1440 ? kWednesday : nextDay(kWednesday);
+      EXPECT_EQ(view.currentDate(), date) << clock;
+      EXPECT_EQ(view.currentTime(), time) << clock;
+      EXPECT_EQ(controller->currentDate(), date) << clock;
+      EXPECT_EQ(controller->views().timeField().text(), clock);
+      const PackedDate real = moment < 1440 ? kWednesday : nextDay(kWednesday);
       EXPECT_EQ(controller->views().dateField().text(), fullDateText(real));
-      const auto marker = view.layout().timeMarkerRect(c.time);
+      const auto marker = view.layout().timeMarkerRect(time);
       EXPECT_EQ(marker.has_value(), view.timeMarkerView() && !view.timeMarkerView()->isHidden());
     }
   }

@@ -1,17 +1,67 @@
-#include "demo/DemoServer.h"
-
 #include <gtest/gtest.h>
 #include <httplib.h>
 
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "demo/DemoServer.h"
+#include "demo/FaultRules.h"
 #include "publish/Encoders.h"
 #include "simulation/ports/MemoryFileSystem.h"
 #include "simulation/ports/SimWorld.h"
 
 namespace tarvel::demo {
 namespace {
+
+TEST(FaultRules, ReadsAndDescribesEachKind) {
+  for (const char* text : {"latency=2:/root.b1", "latency=0.5*3:/a", "cut=100:/rinks/*/main.b1",
+                           "status=503*1:/*", "stale:/root.b1", "shift=-60:/a.b1", "down:/a", "reset*2:/a"}) {
+    const auto rule = parseFaultRule(text);
+    ASSERT_TRUE(rule) << text;
+    EXPECT_EQ(describe(*rule), text);
+  }
+}
+
+TEST(FaultRules, RefusesWhatMakesNoSense) {
+  for (const char* text : {"", "latency=2", "latency:/a", "latency=x:/a", "latency=-1:/a", "latency=2*0:/a",
+                           "latency=2*1.5:/a", "latency=2*:/a", "stale=1:/a", "status=99:/a", "status=600:/a",
+                           "status=nan:/a", "slow=1:/a", "cut=5:a", "=5:/a", ":/a"}) {
+    EXPECT_FALSE(parseFaultRule(text)) << text;
+  }
+}
+
+TEST(FaultRules, PatternsMatchWholePaths) {
+  const std::tuple<const char*, const char*, bool> cases[] = {
+      {"/root.b1", "/root.b1", true},
+      {"/root.b1", "/root.b1x", false},
+      {"/root.b1", "/x/root.b1", false},
+      {"/*", "/", true},
+      {"/*", "/a/b", true},
+      {"/rinks/*/main.b1", "/rinks/cedar/main.b1", true},
+      {"/rinks/*/main.b1", "/rinks/main.b1", false},
+      {"/*week*.b1", "/rinks/a/venue-1_week-2026-03-01.b1", true},
+      {"/*week*.b1", "/rinks/a/venue-1_schedules.b1", false}};
+  for (const auto& [pattern, path, matches] : cases)
+    EXPECT_EQ(matchesPattern(pattern, path), matches) << pattern << " " << path;
+}
+
+TEST(FaultRules, RulesAddUpAndRunOut) {
+  FaultRules rules;
+  for (const char* text : {"latency=1:/*", "latency=0.5*1:/a", "status=503*2:/a", "cut=7:/b"})
+    rules.add(*parseFaultRule(text));
+  const Misbehaviour first = rules.apply("/a");
+  EXPECT_EQ(first.latency, 1.5);
+  EXPECT_EQ(first.status, 503);
+  EXPECT_FALSE(first.cutAfter);
+  EXPECT_EQ(rules.apply("/b").cutAfter, 7U);
+  const Misbehaviour second = rules.apply("/a");
+  EXPECT_EQ(second.latency, 1.0);
+  EXPECT_EQ(second.status, 503);
+  EXPECT_EQ(rules.apply("/a").status, 0);
+  EXPECT_EQ(rules.descriptions(), (std::vector<std::string>{"latency=1:/*", "cut=7:/b"}));
+  rules.clear();
+  EXPECT_EQ(rules.apply("/a").latency, 0.0);
+}
 
 using nlohmann::json;
 

@@ -1,5 +1,3 @@
-#include "publish/PublishInput.h"
-
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -36,16 +34,6 @@ std::string fieldOf(const std::string& pointer) {
     field += index ? "[" + part + "]" : (field.empty() ? "" : ".") + part;
   }
   return field;
-}
-
-void put(json& document, const std::string& pointer, const json& value) {
-  const json::json_pointer at(pointer);
-  if (!value.is_null()) {
-    document[at] = value;
-    return;
-  }
-  json& parent = document[at.parent_pointer()];
-  if (parent.is_object()) parent.erase(at.back());
 }
 
 const std::vector<BadValue> kBadValues = {
@@ -118,7 +106,7 @@ bool holds(const std::vector<Problem>& errors, const BadValue& bad, const std::s
 TEST(PublishInput, ABadValueIsToldWithFileFieldAndReason) {
   for (const BadValue& bad : kBadValues) {
     SampleInput sample;
-    put(sample.json[bad.file], bad.pointer, bad.value);
+    sample.put(bad.file, bad.pointer, bad.value);
     const auto errors = sample.read().problems.errors;
     std::string all = bad.file + " " + bad.pointer + " gave";
     for (const Problem& problem : errors) all += "\n  " + describe(problem);
@@ -127,9 +115,9 @@ TEST(PublishInput, ABadValueIsToldWithFileFieldAndReason) {
     EXPECT_LE(errors.size(), 2U) << all;
   }
   SampleInput sample;
-  put(sample.json[kCedar], "/latitude", 91);
-  put(sample.json[kWeek], "/schedules/0/sessions/0/time", "noon");
-  put(sample.json["rinks/alder/rink.json"], "/name", "");
+  sample.put(kCedar, "/latitude", 91);
+  sample.put(kWeek, "/schedules/0/sessions/0/time", "noon");
+  sample.put("rinks/alder/rink.json", "/name", "");
   EXPECT_EQ(sample.read().problems.errors.size(), 3U) << "all faults are told at once";
 }
 

@@ -1,5 +1,3 @@
-#include "publish/Publisher.h"
-
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -119,65 +117,60 @@ TEST(Publisher, AFirstRunKeepsAllItsPromisesAndTheNextTouchesNothing) {
     EXPECT_TRUE(!path.starts_with("/tree") || state == before.at(path)) << path;
 }
 
+const std::string kCatalogue = "catalogue.json", kCedar = "rinks/cedar/rink.json",
+                  kFirstWeek = "rinks/cedar/weeks/2026-03-01.json",
+                  kWeek = "rinks/cedar/weeks/2026-03-08.json",
+                  kWeekFile = "rinks/cedar/venue-1_week-2026-03-08.b1";
+
+/// What a change of the descriptions writes, in order, and removes.
 struct Change {
   const char* name;
-  std::function<void(SampleInput&)> make;
-  Paths written;  ///< in order
+  std::vector<std::tuple<std::string, std::string, nlohmann::json>> puts;
+  Paths written;
   Paths removed = {};
+
+  void make(SampleInput& sample) const {
+    for (const auto& [file, pointer, value] : puts) sample.put(file, pointer, value);
+  }
 };
 
-const std::vector<Change>& changes() {
-  static const std::vector<Change> kChanges = {
-      {"a session",
-       [](SampleInput& sample) {
-         sample.json["rinks/cedar/weeks/2026-03-08.json"]["schedules"][0]["sessions"][0]["duration"] = 76;
-       },
-       {"rinks/cedar/venue-1_week-2026-03-08.b1", "rinks/cedar/venue-1_schedules.b1", "rinks/cedar/main.b1",
-        "rinks/cedar/master.b1"}},
-      {"a notice",
-       [](SampleInput& sample) { sample.json["rinks/cedar/notices.json"]["notices"][1]["detail"] = "Go!"; },
-       {"rinks/cedar/notices.b1", "rinks/cedar/main.b1", "rinks/cedar/master.b1"}},
-      {"a picture that is no cover",
-       [](SampleInput& sample) { sample.raw["rinks/cedar/hall.jpg"] = jpegImage(640, 480, "repainted"); },
-       {"photos/cedar/44-1.jpg", "rinks/cedar/photoCollection.b1", "rinks/cedar/main.b1",
-        "rinks/cedar/master.b1"}},
-      {"the name of a venue",
-       [](SampleInput& sample) { sample.json["rinks/cedar/rink.json"]["venues"][0]["name"] = "S"; },
-       {"rinks/cedar/main.b1", "rinks/cedar/master.b1"}},
-      {"the rink's name",
-       [](SampleInput& sample) { sample.json["rinks/alder/rink.json"]["name"] = "Alder Lake"; },
-       {"rinks.b1", "root.b1"}},
-      {"a logo, of the same size",
-       [](SampleInput& sample) { sample.raw["rinks/cedar/logo.png"] = pngImage(192, 180, "LIGHT"); },
-       {"logos/7.png", "rinks.b1", "root.b1"}},
-      {"a colour",
-       [](SampleInput& sample) { sample.json["catalogue.json"]["sessions"][4]["color"] = "#000000"; },
-       {"defs.b1", "root.b1"}},
-      {"the current version",
-       [](SampleInput& sample) { sample.json["catalogue.json"]["application"]["currentVersion"] = "6.1.1"; },
-       {"root.b1"}},
-      {"a week less",
-       [](SampleInput& sample) { sample.json.erase("rinks/cedar/weeks/2026-03-08.json"); },
-       {"rinks/cedar/venue-1_schedules.b1", "rinks/cedar/main.b1", "rinks/cedar/master.b1"},
-       {"rinks/cedar/venue-1_week-2026-03-08.b1"}},
-      {"a venue less",
-       [](SampleInput& sample) {
-         sample.json["rinks/cedar/rink.json"]["venues"].erase(0);
-         sample.json["rinks/cedar/weeks/2026-03-01.json"]["schedules"].erase(1);
-       },
-       {"rinks/cedar/main.b1", "rinks/cedar/master.b1"},
-       {"rinks/cedar/venue-3_schedules.b1", "rinks/cedar/venue-3_week-2026-03-01.b1"}},
-      {"a rink less",
-       [](SampleInput& sample) { sample.json["catalogue.json"]["rinks"].erase(1); },
-       {"rinks.b1", "root.b1"},
-       {"alder/main.b1", "alder/master.b1", "alder/notices.b1", "alder/photoCollection.b1",
-        "alder/venue-10_schedules.b1"}},
-  };
-  return kChanges;
+/// With the rink's own indexes, up to which each change of its files goes.
+Paths cedar(Paths paths) {
+  for (std::string& path : paths) path = path.find('/') == std::string::npos ? "rinks/cedar/" + path : path;
+  paths.insert(paths.end(), {"rinks/cedar/main.b1", "rinks/cedar/master.b1"});
+  return paths;
 }
 
+const auto kHall = nlohmann::json::binary(jpegImage(640, 480, "repainted"));
+const auto kLogo = nlohmann::json::binary(pngImage(192, 180, "LIGHT"));  // of the same size
+
+const std::vector<Change> kChanges = {
+    {"a session",
+     {{kWeek, "/schedules/0/sessions/0/duration", 76}},
+     cedar({kWeekFile, "venue-1_schedules.b1"})},
+    {"a notice", {{"rinks/cedar/notices.json", "/notices/1/detail", "Go!"}}, cedar({"notices.b1"})},
+    {"no cover",
+     {{"rinks/cedar/hall.jpg", "", kHall}},
+     cedar({"photos/cedar/44-1.jpg", "photoCollection.b1"})},
+    {"the name of a venue", {{kCedar, "/venues/0/name", "S"}}, cedar({})},
+    {"the rink's name", {{"rinks/alder/rink.json", "/name", "Alder Lake"}}, {"rinks.b1", "root.b1"}},
+    {"a logo", {{"rinks/cedar/logo.png", "", kLogo}}, {"logos/7.png", "rinks.b1", "root.b1"}},
+    {"a colour", {{kCatalogue, "/sessions/4/color", "#000000"}}, {"defs.b1", "root.b1"}},
+    {"the current version", {{kCatalogue, "/application/currentVersion", "6.1.1"}}, {"root.b1"}},
+    {"a week less", {{kWeek, "", {}}}, cedar({"venue-1_schedules.b1"}), {kWeekFile}},
+    {"a venue less",
+     {{kCedar, "/venues/0", {}}, {kFirstWeek, "/schedules/1", {}}},
+     cedar({}),
+     {"rinks/cedar/venue-3_schedules.b1", "rinks/cedar/venue-3_week-2026-03-01.b1"}},
+    {"a rink less",
+     {{kCatalogue, "/rinks/1", {}}},
+     {"rinks.b1", "root.b1"},
+     {"alder/main.b1", "alder/master.b1", "alder/notices.b1", "alder/photoCollection.b1",
+      "alder/venue-10_schedules.b1"}},
+};
+
 TEST(Publisher, AChangeGoesUpToTheIndexAndNowhereElse) {
-  for (const Change& change : changes()) {
+  for (const Change& change : kChanges) {
     SCOPED_TRACE(change.name);
     SampleInput sample;
     ASSERT_TRUE(sample.publish(kFirst));
@@ -203,7 +196,7 @@ TEST(Publisher, AChangeGoesUpToTheIndexAndNowhereElse) {
 TEST(Publisher, AReaderNeverMeetsAPromiseOfWhatIsNotThere) {
   // Every change at once, broken off at each operation in turn.
   const auto changeAll = [](SampleInput& sample) {
-    for (const Change& change : changes()) change.make(sample);
+    for (const Change& change : kChanges) change.make(sample);
     sample.json["rinks/alder/rink.json"]["venues"][0]["name"] = "New";
     sample.json["catalogue.json"]["rinks"] = {"cedar", "birch"};
     sample.json["rinks/birch/rink.json"] = sample.json["rinks/alder/rink.json"];
@@ -238,9 +231,8 @@ TEST(Publisher, AReaderNeverMeetsAPromiseOfWhatIsNotThere) {
 TEST(Publisher, ADateIsNeverGivenTwice) {
   SampleInput sample;
   ASSERT_TRUE(sample.publish(kFirst));
-  auto& duration =
-      sample.json["rinks/cedar/weeks/2026-03-08.json"]["schedules"][0]["sessions"][0]["duration"];
-  const std::string week = "rinks/cedar/venue-1_week-2026-03-08.b1";
+  auto& duration = sample.json[kWeek]["schedules"][0]["sessions"][0]["duration"];
+  const std::string& week = kWeekFile;
   std::set<double> dates = {sample.headerDate(week).seconds};
   // The clock stands, goes back a day, and forward again; the content goes there and back too.
   for (const double clock : {0.0, 0.0, -86400.0, -86400.0, 2.0, 100.0}) {
@@ -251,10 +243,10 @@ TEST(Publisher, ADateIsNeverGivenTwice) {
     EXPECT_EQ(brokenPromises(sample), Paths());
   }
   // A week that is taken away and comes back.
-  const auto file = sample.json.at("rinks/cedar/weeks/2026-03-08.json");
-  sample.json.erase("rinks/cedar/weeks/2026-03-08.json");
+  const auto file = sample.json.at(kWeek);
+  sample.json.erase(kWeek);
   ASSERT_TRUE(sample.publish(kFirst));
-  sample.json["rinks/cedar/weeks/2026-03-08.json"] = file;
+  sample.json[kWeek] = file;
   ASSERT_TRUE(sample.publish(kFirst));
   EXPECT_TRUE(dates.insert(sample.headerDate(week).seconds).second);
 }

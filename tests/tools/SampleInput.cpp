@@ -126,6 +126,20 @@ SampleInput::SampleInput() {
   raw["rinks/cedar/front-large.jpg"] = jpegImage(1600, 1000, "large one");
 }
 
+void SampleInput::put(const std::string& file, const std::string& pointer, const nlohmann::json& value) {
+  const json::json_pointer at(pointer);
+  if (value.is_binary()) {
+    raw[file] = value.get_binary();
+  } else if (pointer.empty()) {
+    json.erase(file);
+  } else if (!value.is_null()) {
+    json[file][at] = value;
+  } else {
+    auto& parent = json[file][at.parent_pointer()];
+    parent.is_array() ? (void)parent.erase(std::stoul(at.back())) : (void)parent.erase(at.back());
+  }
+}
+
 PublishInput SampleInput::read() {
   if (disk.info("/input")) {
     EXPECT_TRUE(disk.remove("/input"));

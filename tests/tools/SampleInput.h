@@ -24,6 +24,10 @@ class SampleInput {
   std::map<std::string, nlohmann::json> json;  ///< by path below the folder
   std::map<std::string, Bytes> raw;            ///< images, and what is to be no JSON
 
+  /// Puts a value at its place in a file, or a picture; a null takes out what stands there, without a place
+  /// the file.
+  void put(const std::string& file, const std::string& pointer, const nlohmann::json& value);
+
   /// Writes the folder anew and reads it.
   PublishInput read();
   /// Reads, expects no errors, and publishes to "/tree".

@@ -4,7 +4,6 @@
 
 #include <QImage>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 
 #include "simulation/ports/MemoryFileSystem.h"
@@ -67,29 +66,25 @@ TEST(FolderHttpClient, AnswersFromTheFolderAloneAndSpoilsWeeksAsTold) {
     ASSERT_TRUE(disk.write(path, Bytes{1, 2, 3, 4}));
   }
   const std::string week = "https://elsewhere.test:81/r7/venue-1_week-2026-03-01.b1";
-  struct Case {
-    std::string url;
-    WeekFiles weekFiles;
-    int status;  ///< 0 for no answer
-    std::size_t bytes;
-  };
-  const Case cases[] = {{"http://a/root.b1", WeekFiles::missing, 200, 4},
-                        {"http://a/none.b1", WeekFiles::delivered, 404, 0},
-                        {"http://a/../outside.b1", WeekFiles::delivered, 404, 0},
-                        {"http://a", WeekFiles::delivered, 404, 0},
-                        {"no address", WeekFiles::delivered, 404, 0},
-                        {week, WeekFiles::delivered, 200, 4},
-                        {week, WeekFiles::damaged, 200, 2},
-                        {week, WeekFiles::missing, 404, 0},
-                        {week, WeekFiles::withheld, 0, 0}};
-  for (const Case& c : cases) {
-    FolderHttpClient http(disk, world.mainLoop(), "/tree", c.weekFiles);
+  // The status is 0 where no answer comes.
+  const std::tuple<std::string, WeekFiles, int, std::size_t> cases[] = {
+      {"http://a/root.b1", WeekFiles::missing, 200, 4},
+      {"http://a/none.b1", WeekFiles::delivered, 404, 0},
+      {"http://a/../outside.b1", WeekFiles::delivered, 404, 0},
+      {"http://a", WeekFiles::delivered, 404, 0},
+      {"no address", WeekFiles::delivered, 404, 0},
+      {week, WeekFiles::delivered, 200, 4},
+      {week, WeekFiles::damaged, 200, 2},
+      {week, WeekFiles::missing, 404, 0},
+      {week, WeekFiles::withheld, 0, 0}};
+  for (const auto& [url, weekFiles, status, bytes] : cases) {
+    FolderHttpClient http(disk, world.mainLoop(), "/tree", weekFiles);
     HttpResponse response{0, {}};
-    http.get(c.url, [&](HttpResult result) { response = std::get<HttpResponse>(result); });
+    http.get(url, [&](HttpResult result) { response = std::get<HttpResponse>(result); });
     EXPECT_EQ(response.status, 0) << "never before the call returns";
     world.runUntilIdle();
-    EXPECT_EQ(response.status, c.status) << c.url;
-    EXPECT_EQ(response.body.size(), c.bytes) << c.url;
+    EXPECT_EQ(response.status, status) << url;
+    EXPECT_EQ(response.body.size(), bytes) << url;
   }
 }
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <functional>
 #include <set>
 
 #include "demo/DemoContent.h"
@@ -16,70 +15,61 @@ constexpr PackedDate kToday = packedDate(2026, 11, 18);
 constexpr int kMinutesPerDay = 1440;
 
 using Week = std::vector<PlannedSession>;
-using Visit = std::function<void(const DemoRink&, const DemoVenue&, PackedDate, const Week&)>;
-
-void eachWeek(const DemoContent& content, const Visit& visit) {
-  for (const DemoRink& rink : content.rinks()) {
-    for (const DemoVenue& venue : rink.venues) {
-      for (const PackedDate weekOf : content.weeks()) {
-        SCOPED_TRACE(rink.name + ", " + venue.kind + " " + venue.name + ", " + shortDateText(weekOf));
-        visit(rink, venue, weekOf, content.week(rink, venue, weekOf));
-      }
-    }
-  }
-}
 
 int startOf(const PlannedSession& session) {
   return session.day * kMinutesPerDay + session.time;
 }
 
-TEST(WeekPlan, SessionsFollowEachOtherWithoutOverlap) {
-  eachWeek({kSeed, kToday, ""}, [](const DemoRink&, const DemoVenue&, PackedDate, const Week& week) {
-    int freeFrom = 0;
-    for (const PlannedSession& session : week) {
-      EXPECT_GE(startOf(session), freeFrom) << session.kind;
-      EXPECT_TRUE(session.day >= 0 && session.day <= 6);
-      EXPECT_TRUE(session.time >= 0 && session.time < 2 * kMinutesPerDay);
-      EXPECT_GT(session.duration, 0);
-      freeFrom = startOf(session) + session.duration;
-    }
-  });
+/// One session follows another without overlap.
+void expectSequence(const Week& week) {
+  int freeFrom = 0;
+  for (const PlannedSession& session : week) {
+    EXPECT_GE(startOf(session), freeFrom) << session.kind;
+    EXPECT_TRUE(session.day >= 0 && session.day <= 6);
+    EXPECT_TRUE(session.time >= 0 && session.time < 2 * kMinutesPerDay);
+    EXPECT_GT(session.duration, 0);
+    freeFrom = startOf(session) + session.duration;
+  }
 }
 
-TEST(WeekPlan, IceIsBusyFromMorningToNightAndResurfacedBetweenSessions) {
-  const Visit visit = [](const DemoRink& rink, const DemoVenue& venue, PackedDate, const Week& week) {
-    if (venue.kind != "iceSheet" && venue.kind != "artificialIce") return;
-    std::array<int, 7> busy{};
-    const PlannedSession* before = nullptr;
-    for (const PlannedSession& session : week) {
-      const bool resurfaces = session.kind == "resurface";
-      if (before && before->day == session.day) {
-        EXPECT_NE(resurfaces, before->kind == "resurface") << session.day << " " << session.time;
-        EXPECT_TRUE(!resurfaces || session.duration == 15);
-      }
-      busy.at(static_cast<std::size_t>(session.day)) += session.duration;
-      before = &session;
+/// From morning to night, and resurfaced between two sessions.
+void expectBusyIce(const DemoRink& rink, const Week& week) {
+  std::array<int, 7> busy{};
+  const PlannedSession* before = nullptr;
+  for (const PlannedSession& session : week) {
+    const bool resurfaces = session.kind == "resurface";
+    if (before && before->day == session.day) {
+      EXPECT_NE(resurfaces, before->kind == "resurface") << session.day << " " << session.time;
+      EXPECT_TRUE(!resurfaces || session.duration == 15);
     }
-    for (const int minutes : busy) EXPECT_GE(minutes, (rink.closes - rink.opens) * 3 / 4);
-  };
-  eachWeek({kSeed, kToday, ""}, visit);
+    busy.at(static_cast<std::size_t>(session.day)) += session.duration;
+    before = &session;
+  }
+  for (const int minutes : busy) EXPECT_GE(minutes, (rink.closes - rink.opens) * 3 / 4);
 }
 
-TEST(WeekPlan, TheCatalogueShowsEveryKindAndNightsBeyondMidnight) {
+TEST(WeekPlan, HasSequencesBusyIceEveryKindAndNightsBeyondMidnight) {
+  const DemoContent content(kSeed, kToday, "");
   std::set<std::string> kinds;
-  bool runsPastMidnight = false;
-  bool beginsPastMidnight = false;
-  eachWeek({kSeed, kToday, ""}, [&](const DemoRink&, const DemoVenue&, PackedDate, const Week& week) {
-    for (const PlannedSession& session : week) {
-      kinds.insert(session.kind);
-      beginsPastMidnight = beginsPastMidnight || session.time >= kMinutesPerDay;
-      runsPastMidnight = runsPastMidnight ||
-                         (session.time < kMinutesPerDay && session.time + session.duration > kMinutesPerDay);
+  bool runsPastMidnight = false, beginsPastMidnight = false;
+  for (const DemoRink& rink : content.rinks()) {
+    for (const DemoVenue& venue : rink.venues) {
+      for (const PackedDate weekOf : content.weeks()) {
+        SCOPED_TRACE(rink.name + ", " + venue.kind + " " + venue.name + ", " + shortDateText(weekOf));
+        const Week week = content.week(rink, venue, weekOf);
+        expectSequence(week);
+        if (venue.kind == "iceSheet" || venue.kind == "artificialIce") expectBusyIce(rink, week);
+        for (const PlannedSession& session : week) {
+          const bool isLate = session.time >= kMinutesPerDay;
+          kinds.insert(session.kind);
+          beginsPastMidnight |= isLate;
+          runsPastMidnight |= !isLate && session.time + session.duration > kMinutesPerDay;
+        }
+      }
     }
-  });
+  }
   EXPECT_EQ(kinds.size(), 19U);
-  EXPECT_TRUE(runsPastMidnight);
-  EXPECT_TRUE(beginsPastMidnight);
+  EXPECT_TRUE(runsPastMidnight && beginsPastMidnight);
 }
 
 TEST(DemoContent, OffersLastWeekToFiveWeeksOn) {

@@ -1,13 +1,12 @@
-#include "ui/AttributedText.h"
-
 #include <gtest/gtest.h>
 
 #include <QFontMetricsF>
-#include <QImage>
 #include <QPainter>
 #include <string>
 
 #include "Painted.h"
+#include "ui/AttributedText.h"
+#include "ui/TextCache.h"
 #include "ui/TextLayout.h"
 
 namespace tarvel {
@@ -53,12 +52,7 @@ TEST(AttributedText, ALineTakesItsFontsRoom) {
 }
 
 TEST(AttributedText, NewlinesAndTheWidthBreakLines) {
-  const struct {
-    const char* name;
-    std::string text;
-    double width;
-    int lines;
-  } cases[] = {
+  const std::tuple<const char*, std::string, double, int> cases[] = {
       {"one line", "abc", 0, 1},
       {"two lines", "abc\ndef", 0, 2},
       {"an empty line between", "abc\n\ndef", 0, 3},
@@ -67,13 +61,13 @@ TEST(AttributedText, NewlinesAndTheWidthBreakLines) {
       {"no width at all", kLongText, 0, 1},
       {"a word wider than the room", std::string(40, 'W'), 100, 5},
   };
-  for (const auto& c : cases) {
-    const Size size = measure(c.text, {c.width, 0});
-    if (c.width > 0) {
-      EXPECT_GE(lineCount(size), c.lines) << c.name;
-      EXPECT_LE(size.width, c.width) << c.name;
+  for (const auto& [what, words, room, count] : cases) {
+    const Size size = measure(words, {room, 0});
+    if (room > 0) {
+      EXPECT_GE(lineCount(size), count) << what;
+      EXPECT_LE(size.width, room) << what;
     } else {
-      EXPECT_EQ(lineCount(size), c.lines) << c.name;
+      EXPECT_EQ(lineCount(size), count) << what;
     }
   }
 }
@@ -160,22 +154,19 @@ QRect inked(const QImage& image) {
 TEST(AttributedTextDrawing, StandsWhereItsAlignmentPutsIt) {
   const double width = boundingRect(AttributedText("Hockey", kRed), {}, TextFit::wrap).width;
   const Rect box{50, 20, 200, 40};
-  const struct {
-    TextAlignment alignment;
-    double left;
-  } cases[] = {{TextAlignment::left, 50},
-               {TextAlignment::centred, 50 + (200 - width) / 2},
-               {TextAlignment::right, 250 - width}};
-  for (const auto& c : cases) {
+  const std::pair<TextAlignment, double> cases[] = {{TextAlignment::left, 50},
+                                                    {TextAlignment::centred, 50 + (200 - width) / 2},
+                                                    {TextAlignment::right, 250 - width}};
+  for (const auto& [alignment, edge] : cases) {
     for (const char* text : {"Hockey", "הוקי קר"}) {
       TextAttributes attributes = kRed;
-      attributes.paragraph.alignment = c.alignment;
+      attributes.paragraph.alignment = alignment;
       const QRect ink = inked(drawn(text, box, TextFit::wrap, attributes));
       const double own = boundingRect(AttributedText(text, attributes), {}, TextFit::wrap).width;
-      const double shift = c.alignment == TextAlignment::left    ? 0.0
-                           : c.alignment == TextAlignment::right ? width - own
-                                                                 : (width - own) / 2;
-      EXPECT_NEAR(ink.left(), c.left + shift, 2.5) << text;
+      const double shift = alignment == TextAlignment::left    ? 0.0
+                           : alignment == TextAlignment::right ? width - own
+                                                               : (width - own) / 2;
+      EXPECT_NEAR(ink.left(), edge + shift, 2.5) << text;
       EXPECT_GE(ink.top(), 20);
       EXPECT_LE(ink.bottom(), 20 + 16);
     }
@@ -195,11 +186,8 @@ TEST(AttributedTextDrawing, StaysWithinTheRoomMeasured) {
 
 TEST(AttributedTextDrawing, AnEllipsisTellsOfWhatIsLeftOutAndOfNothingElse) {
   const double line = boundingRect(AttributedText("x", kRed), {}, TextFit::wrap).height;
-  const struct {
-    const char* name;
-    std::string text;
-    std::string shown;  // what is drawn in one line 200 wide must look like this
-  } cases[] = {
+  // shown: what is drawn in one line 200 wide must look like this
+  const std::tuple<const char*, std::string, std::string> cases[] = {
       {"all fits", "Hockey", "Hockey"},
       {"a second line is left out", "Hockey\nGame", "Hockey…"},
       {"only blanks are left out", "Hockey\n  \n", "Hockey"},
@@ -208,18 +196,15 @@ TEST(AttributedTextDrawing, AnEllipsisTellsOfWhatIsLeftOutAndOfNothingElse) {
       {"right to left", "הוקי\nמשחק", "הוקי…"},
       {"combining signs stay whole", "e\u0301e\u0301\nx", "e\u0301e\u0301…"},
   };
-  for (const auto& c : cases) {
+  for (const auto& [name, words, shown] : cases) {
     const Rect box{10, 10, 200, line};
-    EXPECT_EQ(drawn(c.text, box, TextFit::wrapAndTruncate), drawn(c.shown, box, TextFit::wrap)) << c.name;
-    EXPECT_EQ(drawn(c.text, {10, 10, 200, 0}, TextFit::wrapAndTruncate),
-              drawn(c.text, {10, 10, 200, 0}, TextFit::wrap))
-        << c.name;
+    EXPECT_EQ(drawn(words, box, TextFit::wrapAndTruncate), drawn(shown, box, TextFit::wrap)) << name;
+    EXPECT_EQ(drawn(words, {10, 10, 200, 0}, TextFit::wrapAndTruncate),
+              drawn(words, {10, 10, 200, 0}, TextFit::wrap))
+        << name;
   }
-}
-
-TEST(AttributedTextDrawing, ATruncatedLineIsFilledUpToTheWidth) {
+  // The line is filled up to the width.
   const std::string text = "Skating internationalisation";
-  const double line = boundingRect(AttributedText("x", kRed), {}, TextFit::wrap).height;
   const double whole = boundingRect(AttributedText(text, kRed), {}, TextFit::wrap).width;
   const QRect ink = inked(drawn(text, {0, 0, whole - 10, line}, TextFit::wrapAndTruncate));
   EXPECT_GT(ink.right(), whole - 30);
@@ -248,6 +233,65 @@ TEST(AttributedTextDrawing, TakesTheColoursOfTheAppearance) {
     EXPECT_EQ(strongest(drawn(two, box, TextFit::wrap, appearance)),
               color(isLight ? kLabel : kSystemRed, appearance));
   }
+}
+
+AttributedText text(const std::string& content, const ColorSource& color = kLabel) {
+  return AttributedText(content, {12.0, FontWeight::regular, color});
+}
+
+class TextCacheTest : public testing::Test {
+ protected:
+  std::shared_ptr<const TextLayout> get(const AttributedText& t, Size limit = {100, 50},
+                                        TextFit fit = TextFit::wrap,
+                                        Appearance appearance = Appearance::light) {
+    return cache_.layout(t, limit, fit, appearance);
+  }
+  TextCache cache_;
+};
+
+TEST_F(TextCacheTest, TheSameRequestGivesTheSameLayoutAndAnyOtherAnother) {
+  const auto first = get(text("a"));
+  EXPECT_EQ(get(text("a")), first);
+  EXPECT_NE(get(text("b")), first);
+  EXPECT_NE(get(text("a"), {101, 50}), first);
+  EXPECT_NE(get(text("a"), {100, 51}), first);
+  EXPECT_NE(get(text("a"), {100, 50}, TextFit::wrapAndTruncate), first);
+  EXPECT_NE(get(AttributedText("a", {13.0})), first);
+  EXPECT_NE(get(AttributedText("a", {12.0, FontWeight::bold})), first);
+  EXPECT_NE(get(AttributedText("a", {12.0, FontWeight::regular, kLabel, kRightStyle})), first);
+  EXPECT_NE(get(AttributedText("a", {12.0, FontWeight::regular, kLabel, kLeftStyle, FontDesign::fixedWidth})),
+            first);
+}
+
+TEST_F(TextCacheTest, OnlyTextsOfSeveralLooksDependOnTheAppearance) {
+  EXPECT_EQ(get(text("a")), get(text("a"), {100, 50}, TextFit::wrap, Appearance::dark));
+  AttributedText two = text("a");
+  two.append("b", {12.0, FontWeight::regular, kSystemRed});
+  EXPECT_NE(get(two), get(two, {100, 50}, TextFit::wrap, Appearance::dark));
+}
+
+TEST_F(TextCacheTest, KeepsTheTextsUsedLast) {
+  const auto kept = get(text("kept"));
+  const auto lost = get(text("lost"));
+  for (std::size_t i = 0; i < TextCache::kMaxTexts; ++i) {
+    get(text(std::to_string(i)));
+    get(text("kept"));
+    ASSERT_LE(cache_.textCount(), TextCache::kMaxTexts);
+  }
+  EXPECT_EQ(get(text("kept")), kept);
+  EXPECT_NE(get(text("lost")), lost);
+}
+
+TEST_F(TextCacheTest, IsBoundedByCharactersToo) {
+  const std::string many(TextCache::kMaxCharacters / 4, 'x');
+  for (char c = 'a'; c <= 'f'; ++c) get(text(c + many), {100, 20});
+  EXPECT_LE(cache_.characterCount(), TextCache::kMaxCharacters);
+  EXPECT_EQ(cache_.textCount(), 3u);
+  // A text larger than the bound is still given, and is the only one kept.
+  get(text(std::string(TextCache::kMaxCharacters + 1, 'y')), {100, 20});
+  EXPECT_EQ(cache_.textCount(), 1u);
+  cache_.clear();
+  EXPECT_EQ(cache_.characterCount(), 0u);
 }
 
 }  // namespace

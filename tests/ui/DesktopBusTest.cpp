@@ -1,7 +1,6 @@
 // Runs on a message bus of its own, on which the test plays the desktop's part.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -16,17 +16,12 @@ TEST(NamedColors, AreAllThere) {
 }
 
 TEST(NamedColorsDeathTest, AMissingNameStopsTheProgram) {
-  for (const char* name : {"", "schedule", "Schedule Background", "content background 3"}) {
+  for (const char* name : {"", "schedule", "Schedule Background", "content background 3"})
     EXPECT_DEATH(color(NamedColor{name}, Appearance::light), "Fatal error") << name;
-  }
 }
 
 TEST(NamedColors, TextsAndSymbolsStandOutFromEverySurface) {
-  struct Limits {
-    Contrast contrast;
-    double text;
-    double symbol;
-  };
+  using Limits = std::tuple<Contrast, double, double>;
   for (const auto& [wanted, readable, visible] :
        {Limits{Contrast::standard, kReadable, kVisible}, Limits{Contrast::high, 7.0, 4.5}}) {
     setContrast(wanted);
@@ -41,9 +36,8 @@ TEST(NamedColors, TextsAndSymbolsStandOutFromEverySurface) {
              {kLabel, kSecondaryLabel, kTertiaryLabel, kSystemRed, kSystemGreen, kControlAccent}) {
           EXPECT_GE(contrast(text), readable) << text.name << " on " << surface.name << where;
         }
-        for (const NamedColor symbol : {kSystemYellow, kKeyboardFocusIndicator}) {
+        for (const NamedColor symbol : {kSystemYellow, kKeyboardFocusIndicator})
           EXPECT_GE(contrast(symbol), visible) << symbol.name << " on " << surface.name << where;
-        }
         if (wanted == Contrast::standard) continue;
         for (const NamedColor line :
              {kContentBorder, kGrid, kScheduleGrid, kScheduleColumns, kControlAccent}) {

@@ -1,5 +1,6 @@
 #pragma once
 #include <QImage>
+#include <QPaintEvent>
 #include <QWidget>
 
 namespace tarvel::test {
@@ -21,11 +22,22 @@ template <class IsInk>
 QRect inkOf(const QImage& image, IsInk isInk) {
   QRect ink;
   for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
+    for (int x = 0; x < image.width(); ++x)
       if (isInk(image.pixelColor(x, y))) ink |= QRect(x, y, 1, 1);
-    }
   }
   return ink;
 }
+
+/// What a view, of which it is an event filter, repaints.
+struct Repaints : QObject {
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    ++count;
+    region += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+  int count = 0;
+  QRegion region;
+};
 
 }  // namespace tarvel::test

@@ -1,5 +1,3 @@
-#include "platform/qt/QtRunLoop.h"
-
 #include <gtest/gtest.h>
 
 #include <QTimer>

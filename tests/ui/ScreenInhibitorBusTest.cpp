@@ -53,22 +53,18 @@ class Desktop final : public QDBusVirtualObject {
 };
 
 TEST(ScreenInhibitor, HoldsAndReleasesByTheScreenSaverElseByThePortal) {
-  const struct {
-    const char* service;
-    const char* object;
-    QStringList calls;
-  } cases[] = {
+  const std::tuple<const char*, const char*, QStringList> cases[] = {
       {"org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver", {"Inhibit", "UnInhibit 42"}},
       {"org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", {"Inhibit 8", "Close request"}},
   };
-  for (const auto& c : cases) {
-    Desktop desktop(c.service, c.object);
+  for (const auto& [name, path, expected] : cases) {
+    Desktop desktop(name, path);
     DBusScreenInhibitor inhibitor;
     auto hold = inhibitor.inhibit("a test");
     test::runUntil([&] { return desktop.calls.size() == 1; });
     hold.reset();
     test::runUntil([&] { return desktop.calls.size() == 2; });
-    EXPECT_EQ(desktop.calls, c.calls);
+    EXPECT_EQ(desktop.calls, expected);
   }
 }
 

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -45,13 +44,10 @@ TEST(ScrollTarget, BringsTheBandIntoSight) {
 }
 
 TEST(ScrollTarget, JumpsWhatIsMoreThanOneAndAHalfScreens) {
-  const struct {
-    double delta;
-    double visible;
-    double jump;
-  } cases[] = {{0, 100, 0},     {150, 100, 0},     {-150, 100, 0},    {151, 100, 1},
-               {300, 100, 150}, {-300, 100, -150}, {-1000, 100, -850}};
-  for (const auto& c : cases) EXPECT_EQ(scrollJump(c.delta, c.visible), c.jump) << c.delta;
+  const std::tuple<double, double, double> cases[] = {{0, 100, 0},       {150, 100, 0},   {-150, 100, 0},
+                                                      {151, 100, 1},     {300, 100, 150}, {-300, 100, -150},
+                                                      {-1000, 100, -850}};
+  for (const auto& [delta, screen, jump] : cases) EXPECT_EQ(scrollJump(delta, screen), jump) << delta;
 }
 
 class ScrollableViewTest : public testing::Test {

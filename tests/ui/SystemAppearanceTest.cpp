@@ -90,10 +90,7 @@ TEST_F(SystemAppearanceTest, FollowsTheDesktopsTextSize) {
   hasItsOwn.setFont(systemFont(11.0));
   const int standard = QApplication::font().pixelSize();
   const Size measured = boundingRect(AttributedText("Text", {10.0}), {}, TextFit::wrap);
-  struct Case {
-    QVariant value;
-    double scale;
-  };
+  using Case = std::pair<QVariant, double>;
   // One after the other: each leaves the size of the one before behind.
   for (const auto& [value, scale] :
        {Case{1.25, 1.25}, Case{1.5, 1.5}, Case{2.0, 2.0}, Case{1.1, 1.1}, Case{5.0, 2.0}, Case{0.5, 1.0},
@@ -148,9 +145,8 @@ TEST(SystemAppearanceFallback, IsWhatTheDesktopsPaletteLooksLike) {
 TEST_F(SystemAppearanceTest, ClocksGetDigitsOfOneWidth) {
   for (const FontWeight weight : {FontWeight::regular, FontWeight::bold}) {
     const QFontMetricsF metrics(tabularDigitsFont(40.0, weight));
-    for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
+    for (char16_t digit = u'1'; digit <= u'9'; ++digit)
       EXPECT_NEAR(metrics.horizontalAdvance(QChar(digit)), metrics.horizontalAdvance(u'0'), 0.3);
-    }
   }
 }
 

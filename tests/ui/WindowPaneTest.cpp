@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QPaintEvent>
 
 #include "Painted.h"
 #include "platform/qt/QtRunLoop.h"
@@ -67,17 +66,13 @@ TEST_F(WindowPaneTest, ringFadesFromTheViewOutwards) {
   window.pane->setFocusView(window.first);
   const QImage image = test::painted(*window.pane);
   const QColor ring = color(kKeyboardFocusIndicator, window.pane);
-  struct Case {
-    int distance;  ///< from the view's left edge
-    double alpha;
-  };
-  for (const Case& c : {Case{1, 0.5}, {2, 0.35}, {3, 0.2}, {4, 0.0}}) {
-    SCOPED_TRACE(c.distance);
-    for (const QPoint& spot : {QPoint(20 - c.distance, 35), QPoint(59 + c.distance, 35),
-                               QPoint(40, 20 - c.distance), QPoint(40, 49 + c.distance)}) {
+  for (const auto& [distance, alpha] : {std::pair{1, 0.5}, {2, 0.35}, {3, 0.2}, {4, 0.0}}) {
+    SCOPED_TRACE(distance);
+    for (const QPoint& spot : {QPoint(20 - distance, 35), QPoint(59 + distance, 35),
+                               QPoint(40, 20 - distance), QPoint(40, 49 + distance)}) {
       const QColor seen = image.pixelColor(spot);
-      EXPECT_NEAR(seen.red(), 255 - c.alpha * (255 - ring.red()), 2.0);
-      EXPECT_NEAR(seen.blue(), 255 - c.alpha * (255 - ring.blue()), 2.0);
+      EXPECT_NEAR(seen.red(), 255 - alpha * (255 - ring.red()), 2.0);
+      EXPECT_NEAR(seen.blue(), 255 - alpha * (255 - ring.blue()), 2.0);
     }
   }
 }

@@ -9,18 +9,15 @@ namespace {
 
 TEST(WindowPlacement, CountsYFromThePrimaryScreensBottomLeft) {
   const Rect primary{1920, 100, 1600, 900};  // in a toolkit's space that begins at another screen
-  const struct {
-    Rect toolkit;
-    Rect place;
-  } cases[] = {
+  const std::pair<Rect, Rect> cases[] = {
       {{1920, 100, 1600, 900}, {0, 0, 1600, 900}},
       {{1920, 990, 10, 10}, {0, 0, 10, 10}},
       {{2020, 150, 300, 200}, {100, 650, 300, 200}},
       {{0, 0, 1920, 1080}, {-1920, -80, 1920, 1080}},
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(windowPlace(c.toolkit, primary), c.place);
-    EXPECT_EQ(toolkitRect(c.place, primary), c.toolkit);
+  for (const auto& [toolkit, own] : cases) {
+    EXPECT_EQ(windowPlace(toolkit, primary), own);
+    EXPECT_EQ(toolkitRect(own, primary), toolkit);
   }
 }
 
@@ -102,17 +99,13 @@ TEST(WindowPlacement, AnUntoldPlaceIsTheOneBefore) {
   const Rect screen{0, 0, 1280, 800};
   const SavedFrame other{{100, 50, 600, 400}, Rect{0, 0, 1920, 1080}};
   const SavedFrame olds{{100, 50, 600, 400}, {}};
-  struct Case {
-    Size content;
-    std::optional<SavedFrame> last;
-    const char* saved;
-  };
-  for (const auto& [content, last, saved] :
-       {Case{{600, 400}, other, "100 50 600 400 0 0 1920 1080"},
-        Case{{700, 300}, other, "100 150 700 300 0 0 1920 1080"}, Case{{600, 400}, olds, "100 50 600 400"},
-        Case{{601, 400}, {}, "340 200 601 400 0 0 1280 800"}}) {
+  const std::tuple<Size, std::optional<SavedFrame>, const char*> cases[] = {
+      {{600, 400}, other, "100 50 600 400 0 0 1920 1080"},
+      {{700, 300}, other, "100 150 700 300 0 0 1920 1080"},
+      {{600, 400}, olds, "100 50 600 400"},
+      {{601, 400}, {}, "340 200 601 400 0 0 1280 800"}};
+  for (const auto& [content, last, saved] : cases)
     EXPECT_EQ(savedFrameText(frameOfUntoldPlace(content, last, screen)), saved);
-  }
 }
 
 }  // namespace

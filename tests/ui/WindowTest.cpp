@@ -1,8 +1,12 @@
-#include "ui/Window.h"
-
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/Window.h"
 
 namespace tarvel {
 namespace {
@@ -56,8 +60,12 @@ TEST_F(WindowTest, ItsFrameIsTheOneSetBeforeAndAfterItIsShown) {
   QApplication::processEvents();
   EXPECT_EQ(window_.frame(), frame);
   EXPECT_EQ(window_.frameGeometry().bottom() + 1, window_.screenFrame().height - 80);
+  delegate_.resizes = 0;
   window_.setFrameTopLeftPoint({10, 500});
   EXPECT_EQ(window_.frame(), (Rect{10, 200, 400, 300}));
+  EXPECT_EQ(delegate_.resizes, 0);
+  window_.setFrame({50, 100, 333, 222});
+  EXPECT_EQ(delegate_.resizes, 1);
 }
 
 TEST_F(WindowTest, SavedFramesComeBackToThePixelHoweverOften) {
@@ -93,8 +101,7 @@ TEST_F(WindowTest, AFullScreenWindowSavesTheFrameItReturnsTo) {
 TEST_F(WindowTest, FramesKeepToTheirLimits) {
   window_.setFrameLimits({300, 200}, {600, 500});
   window_.setFrame({50, 100, 10, 10});
-  EXPECT_EQ(Size({window_.frame().width, window_.frame().height}), (Size{300, 200}));
-  EXPECT_EQ(window_.frame().maxY(), 110) << "the upper edge stays";
+  EXPECT_EQ(window_.frame(), (Rect{50, -90, 300, 200})) << "the upper edge stays";
   window_.setFrame({50, 20, 700, 700});
   EXPECT_EQ(Size({window_.frame().width, window_.frame().height}), (Size{600, 500}));
   EXPECT_EQ(window_.smallestFrame(), (Size{300, 200}));
@@ -117,42 +124,123 @@ TEST_F(WindowTest, ZoomsToTheDelegatesFrameAndBack) {
 }
 
 TEST_F(WindowTest, TheUsersClosingAsksTheDelegateFirst) {
-  const struct {
-    const char* name;
-    void (*close)(Window&);
-    bool asks;
-  } cases[] = {
+  const std::tuple<const char*, void (*)(Window&), bool> cases[] = {
       {"performClose", [](Window& w) { w.performClose(); }, true},
       {"the window manager's button", [](Window& w) { static_cast<QWidget&>(w).close(); }, true},
       {"close", [](Window& w) { w.close(); }, false},
   };
-  for (const auto& c : cases) {
+  for (const auto& [name, closing, asks] : cases) {
     for (const bool mayClose : {false, true}) {
       delegate_.mayClose = mayClose;
       delegate_.asked = delegate_.closings = 0;
       window_.show();
       int closed = 0;
       const auto counting = QObject::connect(&window_, &Window::closed, [&] { ++closed; });
-      c.close(window_);
-      const bool closes = mayClose || !c.asks;
-      EXPECT_EQ(delegate_.asked, c.asks ? 1 : 0) << c.name;
-      EXPECT_EQ(delegate_.closings, closes ? 1 : 0) << c.name;
-      EXPECT_EQ(window_.isVisible(), !closes) << c.name;
-      EXPECT_EQ(closed, closes ? 1 : 0) << c.name;
+      closing(window_);
+      const bool closes = mayClose || !asks;
+      EXPECT_EQ(delegate_.asked, asks ? 1 : 0) << name;
+      EXPECT_EQ(delegate_.closings, closes ? 1 : 0) << name;
+      EXPECT_EQ(window_.isVisible(), !closes) << name;
+      EXPECT_EQ(closed, closes ? 1 : 0) << name;
       QObject::disconnect(counting);
-      EXPECT_TRUE(!closes || delegate_.visibleAtClosing) << c.name;
+      EXPECT_TRUE(!closes || delegate_.visibleAtClosing) << name;
     }
   }
 }
 
-TEST_F(WindowTest, TellsOfItsResizing) {
-  window_.show();
+class AuxiliaryWindow final : public Window {
+ public:
+  bool canBecomeMain() const override { return false; }
+};
+
+class WindowOrderTest : public testing::Test {
+ protected:
+  void watch(Window& window, const std::string& name) {
+    QObject::connect(&window, &Window::becameMain, [this, name] { log_.push_back(name + " main"); });
+    QObject::connect(&window, &Window::resignedMain, [this, name] { log_.push_back(name + " not main"); });
+    QObject::connect(&window, &Window::becameKey, [this, name] { log_.push_back(name + " key"); });
+    QObject::connect(&window, &Window::resignedKey, [this, name] { log_.push_back(name + " not key"); });
+  }
+  static void bringUp(Window& window) {
+    window.makeKeyAndOrderFront();
+    QApplication::processEvents();
+  }
+  std::vector<std::string> takeLog() { return std::exchange(log_, {}); }
+  using Windows = std::vector<Window*>;
+  using Log = std::vector<std::string>;
+
+  std::vector<std::string> log_;
+};
+
+TEST_F(WindowOrderTest, VisibleWindowsStandInTheOrderOfTheirActivation) {
+  Window a;
+  Window b;
+  Window c;
+  EXPECT_EQ(Window::orderedWindows(), Windows{});
+  bringUp(a);
+  bringUp(b);
+  bringUp(c);
+  EXPECT_EQ(Window::orderedWindows(), (Windows{&c, &b, &a}));
+  bringUp(a);
+  EXPECT_EQ(Window::orderedWindows(), (Windows{&a, &c, &b}));
+  b.orderFront();
+  EXPECT_EQ(Window::orderedWindows(), (Windows{&b, &a, &c}));
+  c.hide();
+  EXPECT_EQ(Window::orderedWindows(), (Windows{&b, &a}));
+  {
+    Window d;
+    bringUp(d);
+    EXPECT_EQ(Window::orderedWindows().front(), &d);
+  }
+  EXPECT_EQ(Window::orderedWindows(), (Windows{&b, &a}));
+}
+
+TEST_F(WindowOrderTest, KeyAndMainPassFromWindowToWindow) {
+  Window a;
+  Window b;
+  watch(a, "a");
+  watch(b, "b");
+  bringUp(a);
+  EXPECT_EQ(takeLog(), (Log{"a key", "a main"}));
+  EXPECT_TRUE(a.isKey() && a.isMain());
+  bringUp(b);
+  EXPECT_EQ(takeLog(), (Log{"a not key", "a not main", "b key", "b main"}));
+  EXPECT_EQ(Window::mainWindow(), &b);
+  b.close();
   QApplication::processEvents();
-  delegate_.resizes = 0;
-  window_.setFrame({50, 100, 333, 222});
-  EXPECT_EQ(delegate_.resizes, 1);
-  window_.setFrameTopLeftPoint({60, 400});
-  EXPECT_EQ(delegate_.resizes, 1);
+  EXPECT_FALSE(b.isKey() || b.isMain());
+  const Log log = takeLog();
+  EXPECT_EQ((Log{log.begin(), log.begin() + 2}), (Log{"b not key", "b not main"}));
+}
+
+TEST_F(WindowOrderTest, AnAuxiliaryWindowAndADialogLeaveTheMainWindowInCharge) {
+  Window main;
+  AuxiliaryWindow auxiliary;
+  watch(main, "main");
+  watch(auxiliary, "aux");
+  bringUp(main);
+  takeLog();
+  bringUp(auxiliary);
+  EXPECT_EQ(takeLog(), (Log{"main not key", "aux key"}));
+  EXPECT_TRUE(main.isMain());
+  bringUp(main);
+  EXPECT_EQ(takeLog(), (Log{"aux not key", "main key"}));
+  QDialog dialog(&main);
+  dialog.show();
+  dialog.activateWindow();
+  QApplication::processEvents();
+  EXPECT_EQ(takeLog(), (Log{"main not key"}));
+  EXPECT_TRUE(main.isMain());
+}
+
+TEST_F(WindowOrderTest, AHandlerMayPassTheKeyOn) {
+  Window a;
+  Window b;
+  bringUp(b);
+  QObject::connect(&a, &Window::becameKey, &a, [&] { a.close(); });
+  bringUp(a);
+  EXPECT_FALSE(a.isVisible());
+  EXPECT_FALSE(a.isMain());
 }
 
 }  // namespace
