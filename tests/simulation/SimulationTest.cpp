@@ -183,6 +183,9 @@ struct PlantedFault {
   Alarm alarm;
   Plant plant;
 };
+void PrintTo(const PlantedFault& fault, std::ostream* out) {
+  *out << fault.name;
+}
 
 class PlantedFaultTest : public testing::TestWithParam<PlantedFault> {
  protected:
