@@ -69,8 +69,10 @@ void RefreshWatch::checkOne(const std::string& key, Whose whose, const RefreshSt
   Watched& watched = watched_[key];
   const bool hasTimer = secondsLeft != kNoTimer;
   watched.inProgress = state.refreshInProgress;
-  watched.waitsForConnection =
-      hasTimer && !state.refreshInProgress && state.errorKind == DownloadErrorKind::connectionError;
+  // `mayRest`: with an update required a rink's refresh does nothing, also while a timer of before still
+  // runs.
+  watched.waitsForConnection = hasTimer && !mayRest && !state.refreshInProgress &&
+                               state.errorKind == DownloadErrorKind::connectionError;
   if (!hasTimer) {
     watched.dueAt.reset();
     if (!state.refreshInProgress && !mayRest) alarms_.ring(Alarm::timers, key + " waits without a timer");

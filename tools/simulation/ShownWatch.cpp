@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <map>
 
 #include "model/FileNames.h"
 #include "model/StoredFile.h"
@@ -22,6 +23,13 @@ bool stillOffered(const WeeklySchedule& week, const RinkData& rink) {
            std::any_of(venue->schedulesCache->begin(), venue->schedulesCache->end(),
                        [&](const auto& schedule) { return schedule.get() == &week; });
   });
+}
+
+/// A damaged name may be that of another file too: what is promised last counts.
+std::map<std::string, Instant> lastPromises(const std::vector<FileRecord>& records) {
+  std::map<std::string, Instant> promised;
+  for (const FileRecord& record : records) promised.insert_or_assign(record.name, record.date);
+  return promised;
 }
 
 }  // namespace
@@ -86,20 +94,20 @@ std::optional<std::string> ShownWatch::missing(RinkData& rink, const MemoryFileS
   const Bytes* const main = disk.peek(join(rink.rinkSupportFolderURL(), kMainFileName));
   if (!main) return std::nullopt;
   FileSystem& files = rink.services().files;
-  for (const FileRecord& record : decodeMainFile(*main).files) {
-    const Path path = join(rink.rinkSupportFolderURL(), record.name);
-    const auto venueID = parseSchedulesFileName(record.name);
+  for (const auto& [fileName, date] : lastPromises(decodeMainFile(*main).files)) {
+    const Path path = join(rink.rinkSupportFolderURL(), fileName);
+    const auto venueID = parseSchedulesFileName(fileName);
     const Bytes* const schedules = venueID ? disk.peek(path) : nullptr;
-    if (!schedules || storedDate(files, path) != record.date) continue;
+    if (!schedules || storedDate(files, path) != date) continue;
     const auto venue = rink.venue(*venueID);
     if (!venue) continue;
-    for (const FileRecord& week : decodeSchedulesFile(*schedules).weeks) {
-      const auto name = parseWeekName(withoutExtension(week.name));
+    for (const auto& [weekFile, weekDate] : lastPromises(decodeSchedulesFile(*schedules).weeks)) {
+      const auto name = parseWeekName(withoutExtension(weekFile));
       const bool offered = name && name->weekOf >= firstShown && name->weekOf <= rink.lastWeek;
-      if (!offered || storedDate(files, join(rink.rinkSupportFolderURL(), week.name)) != week.date) continue;
+      if (!offered || storedDate(files, join(rink.rinkSupportFolderURL(), weekFile)) != weekDate) continue;
       const auto schedule = venue->weeklySchedule(name->weekOf);
       if (!schedule || !schedule->items())
-        return fmt::format("{} of rink {} at a start", week.name, rink.rinkID);
+        return fmt::format("{} of rink {} at a start", weekFile, rink.rinkID);
     }
   }
   return std::nullopt;
