@@ -9,7 +9,8 @@ namespace {
 constexpr double kSecondsToSettle = 2.0;
 constexpr double kLeastSecondsBetweenTries = 30.0;
 
-/// Waiting for its next turn after a failed connection; a rink that an update holds back has no timer.
+/// Waiting for its next turn after a failed connection. (While an update is required, a rink's refresh does
+/// nothing.)
 bool waitsForConnection(const RefreshableProtocol& refreshable) {
   return refreshable.errorKind() == DownloadErrorKind::connectionError &&
          refreshable.secondsUntilRefresh() >= 0.0 && !refreshable.refreshInProgress();
