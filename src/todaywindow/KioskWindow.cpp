@@ -2,14 +2,19 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <chrono>
 #include <memory>
 
 #include "platform/ScreenInhibitor.h"
 
 namespace tarvel {
 namespace {
+
+/// After the desktop has moved a window it may still be at work.
+constexpr std::chrono::seconds kDesktopSettles{1};
 
 /// What all kiosk windows hold together.
 struct Holdings {
@@ -64,17 +69,28 @@ void KioskWindow::takeScreen(const std::vector<KioskScreen>& screens) {
 }
 
 void KioskWindow::coverScreen() {
+  if (!kioskScreen_) return;
   QScreen* screen = screenNamed(*kioskScreen_);
   if (!screen) return;  // it has gone; the window stays where the desktop has put it
   connect(screen, &QScreen::geometryChanged, this, &KioskWindow::coverScreen, Qt::UniqueConnection);
   // A full-screen window stays on its screen, whatever its frame.
-  if (QWindow* handle = windowHandle(); handle && handle->screen() != screen) {
+  QWindow* handle = windowHandle();
+  if (handle)
+    connect(handle, &QWindow::screenChanged, this, &KioskWindow::coverScreenSoon, Qt::UniqueConnection);
+  if (handle && handle->screen() != screen) {
     setWindowState(windowState() & ~Qt::WindowFullScreen);
     handle->setScreen(screen);
   }
   setScreen(screen);
   setGeometry(screen->geometry());
   setWindowState(windowState() | Qt::WindowFullScreen);
+}
+
+void KioskWindow::coverScreenSoon() {
+  QTimer::singleShot(kDesktopSettles, this, [this] {
+    if (windowHandle() && kioskScreen_ && windowHandle()->screen() != screenNamed(*kioskScreen_))
+      coverScreen();
+  });
 }
 
 void KioskWindow::setFrame(const Rect& frame) {

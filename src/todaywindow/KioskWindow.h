@@ -38,6 +38,9 @@ class KioskWindow : public Window, private Counted<KioskWindow> {
  private:
   void takeScreen(const std::vector<KioskScreen>& screens);
   void coverScreen();
+  /// For a move that no coming or going of a screen explains: one that was off and on again in a moment looks
+  /// as if it had never gone, yet the desktop has moved its window.
+  void coverScreenSoon();
   void releaseScreen();
 
   ApplicationProtocol& application_;

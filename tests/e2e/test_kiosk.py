@@ -1,5 +1,6 @@
 """Kiosk windows on several screens. Skipped where there is no virtual display to be had."""
 
+import signal
 import unittest
 
 from display import DisplayedTest, has_tools
@@ -57,7 +58,21 @@ class KioskTest(DisplayedTest):
             wait_for(lambda: gone not in self.places(tarvel).values(), "the window's going")
             self.plug_in(gone)
             self.expect_places(tarvel, "RIGHT", "LEFT", "MIDDLE")
+        for blinking in PLACES:
+            self.blink(blinking, tarvel)
+            self.expect_places(tarvel, "RIGHT", "LEFT", "MIDDLE")
         self.quit(tarvel)
+
+    def blink(self, name, tarvel):
+        """Off and on while the program does something else, so that it finds the same screens as before; the desktop alone
+        has seen it, and has moved the window."""
+        tarvel.process.send_signal(signal.SIGSTOP)
+        try:
+            self.unplug(name)
+            wait_for(lambda: name not in self.places(tarvel).values(), "the window's going")
+            self.plug_in(name)
+        finally:
+            tarvel.process.send_signal(signal.SIGCONT)
 
 
 if __name__ == "__main__":
