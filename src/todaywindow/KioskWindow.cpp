@@ -15,6 +15,8 @@ namespace {
 
 /// After the desktop has moved a window it may still be at work.
 constexpr std::chrono::seconds kDesktopSettles{1};
+/// A desktop that moves it away each time means it; without an end the window would flicker for months.
+constexpr int kReturnsAMinute = 6;
 
 /// What all kiosk windows hold together.
 struct Holdings {
@@ -86,11 +88,25 @@ void KioskWindow::coverScreen() {
   setWindowState(windowState() | Qt::WindowFullScreen);
 }
 
+bool KioskWindow::coversScreen() const {
+  const QScreen* own = kioskScreen_ ? screenNamed(*kioskScreen_) : nullptr;
+  return !own || !windowHandle() || (windowHandle()->screen() == own && isFullScreen());
+}
+
 void KioskWindow::coverScreenSoon() {
   QTimer::singleShot(kDesktopSettles, this, [this] {
-    if (windowHandle() && kioskScreen_ && windowHandle()->screen() != screenNamed(*kioskScreen_))
-      coverScreen();
+    if (coversScreen() || returns_ == kReturnsAMinute) return;
+    ++returns_;
+    QTimer::singleShot(std::chrono::minutes(1), this, [this] { --returns_; });
+    coverScreen();
   });
+}
+
+void KioskWindow::changeEvent(QEvent* event) {
+  Window::changeEvent(event);
+  // Wayland's way from one screen to another is to leave the first and, once that is confirmed, to cover the
+  // other.
+  if (event->type() == QEvent::WindowStateChange && !coversScreen()) coverScreenSoon();
 }
 
 void KioskWindow::setFrame(const Rect& frame) {

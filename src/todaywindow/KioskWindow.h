@@ -35,16 +35,22 @@ class KioskWindow : public Window, private Counted<KioskWindow> {
   void performClose() override;
   void close() override;
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void takeScreen(const std::vector<KioskScreen>& screens);
   void coverScreen();
-  /// For a move that no coming or going of a screen explains: one that was off and on again in a moment looks
-  /// as if it had never gone, yet the desktop has moved its window.
+  /// True as well while there is no screen to cover.
+  bool coversScreen() const;
+  /// For what no coming or going of a screen explains: one that was off and on again in a moment looks as if
+  /// it had never gone, yet the desktop has moved its window.
   void coverScreenSoon();
   void releaseScreen();
 
   ApplicationProtocol& application_;
   std::optional<std::string> kioskScreen_;
+  int returns_ = 0;  ///< to its screen, within the last minute
 };
 
 }  // namespace tarvel
