@@ -60,8 +60,10 @@ bool askToShow(const QString& socketName, const StartupNotice& notice) {
   if (!socket.waitForConnected(kAnswerPatience)) return false;
   socket.write(notice.line());
   socket.waitForBytesWritten(kAnswerPatience);
+  // The answer doesn't wait for the line: it may have been taken in while that was sent.
+  if (socket.bytesAvailable() == 0) socket.waitForReadyRead(kAnswerPatience);
   char answer = 0;
-  return socket.waitForReadyRead(kAnswerPatience) && socket.read(&answer, 1) == 1 && answer == kAnswer;
+  return socket.read(&answer, 1) == 1 && answer == kAnswer;
 }
 
 }  // namespace

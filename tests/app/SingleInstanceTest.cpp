@@ -16,6 +16,8 @@ namespace {
 
 using Outcome = SingleInstance::Outcome;
 
+constexpr int kManyStarts = 200;
+
 class SingleInstanceTest : public testing::Test {
  protected:
   SingleInstanceTest() { qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(runtime_.path())); }
@@ -50,9 +52,12 @@ TEST_F(SingleInstanceTest, ASecondStartIsHandedOver) {
   QList<QByteArray> shown;
   first.showYourself = [&shown](const StartupNotice& notice) { shown << notice.startupId; };
   ASSERT_EQ(first.claim(files_, store()), Outcome::first);
-  EXPECT_EQ(claimFromOutside(store()), Outcome::handedOver);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(shown, QList<QByteArray>{"wish"}) << "once, with what the launcher has given along";
+  // Many, since the answer may come before the start has sent what it has to say, or after.
+  for (int i = 1; i <= kManyStarts; ++i) {
+    EXPECT_EQ(claimFromOutside(store()), Outcome::handedOver);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(shown, QList<QByteArray>(i, "wish")) << "once each, with what the launcher has given along";
+  }
   std::filesystem::create_directory_symlink(store(), folder_.path() + "/link");
   EXPECT_EQ(claimFromOutside(folder_.path() + "/link"), Outcome::handedOver)
       << "the same store by another path";
