@@ -26,6 +26,7 @@ void SleepWatch::remove(int key) {
 void SleepWatch::prepareForSleep(bool goingToSleep) {
   if (goingToSleep) return;
   std::vector<int> keys;
+  keys.reserve(handlers_.size());
   for (const auto& [key, handler] : handlers_) keys.push_back(key);
   for (const int key : keys) {
     const auto found = handlers_.find(key);
