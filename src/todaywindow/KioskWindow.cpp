@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
@@ -13,10 +12,10 @@
 namespace tarvel {
 namespace {
 
-/// After the desktop has moved a window it may still be at work.
-constexpr std::chrono::seconds kDesktopSettles{1};
-/// A desktop that moves it away each time means it; without an end the window would flicker for months.
-constexpr int kReturnsAMinute = 6;
+/// After the desktop has moved a window it may still be at work. One that moves it away each time is asked
+/// less and less often, but never given up: the reason may pass, and nobody is there to set the window right.
+constexpr std::chrono::milliseconds kFirstPatience{1'000};
+constexpr std::chrono::milliseconds kLongestPatience{60'000};
 
 /// What all kiosk windows hold together.
 struct Holdings {
@@ -39,12 +38,14 @@ QScreen* screenNamed(const std::string& name) {
 }  // namespace
 
 KioskWindow::KioskWindow(ApplicationProtocol& application, const std::vector<KioskScreen>& screens)
-    : application_(application) {
+    : application_(application), patience_(kFirstPatience) {
   if (!application.kioskMode()) return;
   takeScreen(screens);
   if (!kioskScreen_) return;
   setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   coverScreen();
+  returning_.setSingleShot(true);
+  connect(&returning_, &QTimer::timeout, this, &KioskWindow::returnToScreen);
   connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](const QScreen* screen) {
     if (kioskScreen_ && screen->name().toStdString() == *kioskScreen_) coverScreen();
   });
@@ -94,12 +95,17 @@ bool KioskWindow::coversScreen() const {
 }
 
 void KioskWindow::coverScreenSoon() {
-  QTimer::singleShot(kDesktopSettles, this, [this] {
-    if (coversScreen() || returns_ == kReturnsAMinute) return;
-    ++returns_;
-    QTimer::singleShot(std::chrono::minutes(1), this, [this] { --returns_; });
-    coverScreen();
-  });
+  if (!returning_.isActive()) returning_.start(patience_);
+}
+
+void KioskWindow::returnToScreen() {
+  if (coversScreen()) {
+    patience_ = kFirstPatience;
+    return;
+  }
+  coverScreen();
+  patience_ = std::min(2 * patience_, kLongestPatience);
+  returning_.start(patience_);  // to see whether it has come to stay
 }
 
 void KioskWindow::changeEvent(QEvent* event) {

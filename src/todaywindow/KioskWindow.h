@@ -1,4 +1,6 @@
 #pragma once
+#include <QTimer>
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -46,11 +48,13 @@ class KioskWindow : public Window, private Counted<KioskWindow> {
   /// For what no coming or going of a screen explains: one that was off and on again in a moment looks as if
   /// it had never gone, yet the desktop has moved its window.
   void coverScreenSoon();
+  void returnToScreen();
   void releaseScreen();
 
   ApplicationProtocol& application_;
   std::optional<std::string> kioskScreen_;
-  int returns_ = 0;  ///< to its screen, within the last minute
+  QTimer returning_;
+  std::chrono::milliseconds patience_;  ///< until the next look at whether the window covers its screen
 };
 
 }  // namespace tarvel
